@@ -1,0 +1,55 @@
+// Classic numeric semantics: rounding with halves to even, checked conversions that raise the
+// overflow error, and the arithmetic faults (overflow, division by zero) that the classic run
+// time raises where IEEE arithmetic would quietly give an infinity or a NaN.
+#pragma once
+
+#include <cstdint>
+
+#include "platform/runtime_error.h"
+
+namespace zw {
+
+// Rounds to a whole number, halves to the even neighbour (2.5 -> 2, 3.5 -> 4, -2.5 -> -2).
+// Infinities and NaN come back unchanged.
+double roundHalfEven(double x);
+
+// CInt: rounded halves to even, error 6 outside -32768..32767 and for NaN.
+std::int16_t toInteger(double x);
+
+// CLng: rounded halves to even, error 6 outside the 32-bit range and for NaN.
+std::int32_t toLong(double x);
+
+// CSng: the nearest Single; error 6 when the value does not fit a Single or is NaN.
+float toSingle(double x);
+
+// An array index or record number from a Single (or any number): rounded halves to even, with
+// the overflow error of the conversion to a Long.
+inline std::int32_t toIndex(double x) { return toLong(x); }
+
+// The result of a Double computation: error 6 when it overflowed or became NaN.
+double checkedDouble(double x);
+
+// a / b with the classic faults: 0 / 0 overflows (6), x / 0 is division by zero (11).
+double divide(double a, double b);
+
+// Single arithmetic (Single op Single gives a Single), raising 6 when the result overflows.
+float addSingle(float a, float b);
+float multiplySingle(float a, float b);
+float divideSingle(float a, float b);
+
+// A For loop whose counter is a Single, as `For i = first To last Step step`: the limit and step
+// are fixed at the start, the counter advances in Single precision. A counter that no longer
+// advances (beyond 2^24 with step 1) would loop for ever; that raises error 6 instead.
+template <typename Body>
+void forSingle(float first, float last, float step, Body&& body) {
+    for (float i = first; step >= 0 ? i <= last : i >= last;) {
+        body(i);
+        const float next = addSingle(i, step);
+        if (next == i) {
+            raise(kErrOverflow);
+        }
+        i = next;
+    }
+}
+
+}  // namespace zw
