@@ -11,9 +11,15 @@ constexpr Colour rgb(int red, int green, int blue) {
     return static_cast<Colour>((red & 0xFF) | ((green & 0xFF) << 8) | ((blue & 0xFF) << 16));
 }
 
-constexpr int redOf(Colour c) { return c & 0xFF; }
-constexpr int greenOf(Colour c) { return (c >> 8) & 0xFF; }
-constexpr int blueOf(Colour c) { return (c >> 16) & 0xFF; }
+constexpr int redOf(Colour c) {
+    return c & 0xFF;
+}
+constexpr int greenOf(Colour c) {
+    return (c >> 8) & 0xFF;
+}
+constexpr int blueOf(Colour c) {
+    return (c >> 16) & 0xFF;
+}
 
 constexpr Colour kBlack = rgb(0, 0, 0);
 constexpr Colour kWhite = rgb(255, 255, 255);

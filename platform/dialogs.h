@@ -13,7 +13,7 @@ namespace zw {
 // A window of the program that the dialogs service can show (the weights window, the settings
 // dialog). The Qt implementation of Dialogs expects it to be a QWidget as well.
 class ShowableWindow {
-public:
+  public:
     virtual ~ShowableWindow() = default;
     virtual std::string windowName() const = 0;
 };
@@ -27,7 +27,7 @@ struct FileDialogRequest {
 };
 
 class Dialogs {
-public:
+  public:
     virtual ~Dialogs() = default;
 
     // A plain message box with an OK button. An empty title means the program's own.

@@ -9,7 +9,7 @@
 namespace zw {
 
 class EventGuard {
-public:
+  public:
     explicit EventGuard(Dialogs& dialogs) : dialogs_(dialogs) {}
 
     // Runs the handler; returns false when it ended in an error (after showing the message).
@@ -17,7 +17,7 @@ public:
     // error 51.
     bool run(const std::function<void()>& handler) noexcept;
 
-private:
+  private:
     Dialogs& dialogs_;
 };
 

@@ -68,9 +68,13 @@ float checkedSingle(float x) {
 }
 }  // namespace
 
-float addSingle(float a, float b) { return checkedSingle(a + b); }
+float addSingle(float a, float b) {
+    return checkedSingle(a + b);
+}
 
-float multiplySingle(float a, float b) { return checkedSingle(a * b); }
+float multiplySingle(float a, float b) {
+    return checkedSingle(a * b);
+}
 
 float divideSingle(float a, float b) {
     if (b == 0.0f) {

@@ -24,7 +24,9 @@ float toSingle(double x);
 
 // An array index or record number from a Single (or any number): rounded halves to even, with
 // the overflow error of the conversion to a Long.
-inline std::int32_t toIndex(double x) { return toLong(x); }
+inline std::int32_t toIndex(double x) {
+    return toLong(x);
+}
 
 // The result of a Double computation: error 6 when it overflowed or became NaN.
 double checkedDouble(double x);

@@ -60,6 +60,8 @@ std::string errorMessage(const RuntimeError& error) {
     return "Fout " + std::to_string(error.number()) + " tijdens uitvoering:\n\n" + error.text();
 }
 
-void raise(int number) { throw RuntimeError(number); }
+void raise(int number) {
+    throw RuntimeError(number);
+}
 
 }  // namespace zw

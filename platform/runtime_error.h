@@ -21,6 +21,8 @@ enum ErrorNumber : int {
     kErrInternal = 51,
     kErrBadFileName = 52,
     kErrFileNotFound = 53,
+    kErrDeviceIo = 57,
+    kErrDiskFull = 61,
     kErrBadRecordNumber = 63,
     kErrPathFileAccess = 75,
     kErrPathNotFound = 76,
@@ -29,13 +31,13 @@ enum ErrorNumber : int {
 };
 
 class RuntimeError : public std::runtime_error {
-public:
+  public:
     explicit RuntimeError(int number);
     int number() const { return number_; }
     // The standard text of the error, as the Dutch run time words it.
     const std::string& text() const { return text_; }
 
-private:
+  private:
     int number_;
     std::string text_;
 };

@@ -1,1 +1,93 @@
-// placeholder
+#include "platform/record_file.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <vector>
+
+#include "platform/files.h"
+#include "platform/runtime_error.h"
+#include "test_dir.h"
+
+namespace zw {
+namespace {
+
+template <typename F>
+int errorOf(F&& action) {
+    try {
+        action();
+    } catch (const RuntimeError& e) {
+        return e.number();
+    }
+    return 0;
+}
+
+std::vector<unsigned char> bytesOf(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+TEST(RecordFile, CreatesAMissingFileEmpty) {
+    TestDir dir;
+    RecordFile file(dir.file("zwierlijn"));
+    EXPECT_TRUE(FileExists(dir.file("zwierlijn")));
+    EXPECT_EQ(file.length(), 0);
+    EXPECT_EQ(file.getLong(1), 0);
+    EXPECT_EQ(file.getSingle(12), 0.0f);
+}
+
+TEST(RecordFile, RecordsAreLittleEndianAtFourTimesRMinusOne) {
+    TestDir dir;
+    {
+        RecordFile file(dir.file("f"));
+        file.putLong(1, 0x01020304);
+        file.putSingle(2, 1.0f);  // 0x3F800000
+        file.putLong(3, -2);
+    }
+    const std::vector<unsigned char> expected = {4,    3,    2,    1,    0,    0,
+                                                 0x80, 0x3F, 0xFE, 0xFF, 0xFF, 0xFF};
+    EXPECT_EQ(bytesOf(dir.file("f")), expected);
+    RecordFile file(dir.file("f"));
+    EXPECT_EQ(file.getLong(1), 0x01020304);
+    EXPECT_EQ(file.getSingle(2), 1.0f);
+    EXPECT_EQ(file.getLong(3), -2);
+    EXPECT_EQ(file.getLong(2.5), 0x3F800000);  // record numbers round halves to even: 2.5 -> 2
+    EXPECT_EQ(file.getLong(3.5), 0);           // 3.5 -> 4, past the end
+}
+
+TEST(RecordFile, PastTheEndReadsZeroAndWritingExtends) {
+    TestDir dir;
+    RecordFile file(dir.file("f"));
+    file.putSingle(5, 2.5f);
+    EXPECT_EQ(file.length(), 20);
+    EXPECT_EQ(file.getSingle(1), 0.0f);
+    EXPECT_EQ(file.getSingle(5), 2.5f);
+    EXPECT_EQ(file.getSingle(6), 0.0f);
+    EXPECT_EQ(file.getSingle(1e9), 0.0f);
+}
+
+TEST(RecordFile, APartialLastRecordReadsItsBytesThenZeros) {
+    TestDir dir;
+    std::ofstream(dir.file("short"), std::ios::binary).write("\x01\x02\x03\x04\x05", 5);
+    RecordFile file(dir.file("short"));
+    EXPECT_EQ(file.getLong(2), 5);
+}
+
+TEST(RecordFile, Errors) {
+    TestDir dir;
+    EXPECT_EQ(errorOf([] { RecordFile(""); }), kErrBadFileName);
+    EXPECT_EQ(errorOf([&] { RecordFile(dir.file("no/such/f")); }), kErrPathNotFound);
+    EXPECT_EQ(errorOf([&] { RecordFile(dir.path()); }), kErrPathFileAccess);
+    RecordFile file(dir.file("f"));
+    EXPECT_EQ(errorOf([&] { file.getLong(0); }), kErrBadRecordNumber);
+    EXPECT_EQ(errorOf([&] { file.putLong(-3, 1); }), kErrBadRecordNumber);
+    EXPECT_EQ(errorOf([&] { file.getLong(1e12); }), kErrOverflow);
+    EXPECT_EQ(errorOf([&] { file.putLong(kMaxRecordNumber + 1, 1); }), kErrOutOfMemory);
+    EXPECT_EQ(file.length(), 0);
+    file.close();
+    EXPECT_EQ(errorOf([&] { file.getLong(1); }), kErrBadFileName);
+}
+
+}  // namespace
+}  // namespace zw
