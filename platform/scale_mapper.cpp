@@ -1,1 +1,50 @@
-// placeholder
+#include "platform/scale_mapper.h"
+
+#include <cmath>
+
+namespace zw {
+
+namespace {
+
+// offset * to / from, with a degenerate range (from == 0) mapping everything to 0 rather than
+// dividing by zero.
+double stretch(double offset, double to, double from) {
+    return from == 0.0 ? 0.0 : offset * to / from;
+}
+
+}  // namespace
+
+ScaleMapper::ScaleMapper(double left, double top, double width, double height, double pixelWidth,
+                         double pixelHeight)
+    : left_(left),
+      top_(top),
+      width_(width),
+      height_(height),
+      pixelWidth_(pixelWidth),
+      pixelHeight_(pixelHeight) {}
+
+double ScaleMapper::toPixelX(double x) const {
+    return stretch(x - left_, pixelWidth_, width_);
+}
+
+double ScaleMapper::toPixelY(double y) const {
+    return stretch(y - top_, pixelHeight_, height_);
+}
+
+double ScaleMapper::toScaleX(double px) const {
+    return left_ + stretch(px, width_, pixelWidth_);
+}
+
+double ScaleMapper::toScaleY(double py) const {
+    return top_ + stretch(py, height_, pixelHeight_);
+}
+
+double ScaleMapper::widthToPixels(double length) const {
+    return std::fabs(stretch(length, pixelWidth_, width_));
+}
+
+double ScaleMapper::heightToPixels(double length) const {
+    return std::fabs(stretch(length, pixelHeight_, height_));
+}
+
+}  // namespace zw

@@ -1,1 +1,160 @@
-// placeholder
+#include "ui/qt_dialogs.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QEvent>
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QStringList>
+
+#include "platform/runtime_error.h"
+#include "platform/surface.h"
+
+namespace zw {
+
+namespace {
+
+const char kProgramTitle[] = "Zwierlijn";
+
+// "*.bmp;*.jpg" -> "*.bmp *.jpg"
+QString qtPatterns(const QString& classic) {
+    QStringList patterns;
+    for (const QString& part : classic.split(QLatin1Char(';'))) {
+        const QString pattern = part.trimmed();
+        if (!pattern.isEmpty()) {
+            patterns << pattern;
+        }
+    }
+    return patterns.join(QLatin1Char(' '));
+}
+
+// The description with Qt's pattern list in parentheses at its end. Descriptions usually show
+// their pattern already; then only its separators change.
+QString describedFilter(const QString& description, const QString& classicPattern,
+                        const QString& patterns) {
+    const QString shown = QLatin1Char('(') + classicPattern + QLatin1Char(')');
+    if (description.endsWith(shown)) {
+        return description.chopped(shown.size()) + QLatin1Char('(') + patterns + QLatin1Char(')');
+    }
+    return description + QLatin1String(" (") + patterns + QLatin1Char(')');
+}
+
+// The default suffix as Qt wants it: without the dot.
+QString qtSuffix(const std::string& extension) {
+    QString suffix = QString::fromStdString(extension).trimmed();
+    while (suffix.startsWith(QLatin1Char('.'))) {
+        suffix.remove(0, 1);
+    }
+    return suffix;
+}
+
+// Ends a modal show's event loop once the window is hidden for good (not merely minimised).
+class HideWatcher : public QObject {
+  public:
+    explicit HideWatcher(QEventLoop& loop) : loop_(loop) {}
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Hide && static_cast<QWidget*>(watched)->isHidden()) {
+            loop_.quit();
+        }
+        return false;
+    }
+
+  private:
+    QEventLoop& loop_;
+};
+
+}  // namespace
+
+QString toQtFileFilter(const std::string& classic) {
+    const QStringList parts = QString::fromStdString(classic).split(QLatin1Char('|'));
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString classicPattern = parts[i + 1].trimmed();
+        const QString patterns = qtPatterns(classicPattern);
+        if (patterns.isEmpty()) {
+            continue;
+        }
+        const QString description = parts[i].trimmed();
+        filters << describedFilter(description.isEmpty() ? patterns : description, classicPattern,
+                                   patterns);
+    }
+    return filters.join(QLatin1String(";;"));
+}
+
+QWidget* QtDialogs::dialogParent() const {
+    return parent_ ? parent_.data() : QApplication::activeWindow();
+}
+
+void QtDialogs::message(const std::string& text, const std::string& title) {
+    const QString caption =
+        title.empty() ? QString::fromLatin1(kProgramTitle) : QString::fromStdString(title);
+    QMessageBox box(QMessageBox::NoIcon, caption, QString::fromStdString(text), QMessageBox::Ok,
+                    dialogParent());
+    box.exec();
+}
+
+std::string QtDialogs::openFileName(const FileDialogRequest& request) {
+    return fileName(request, false);
+}
+
+std::string QtDialogs::saveFileName(const FileDialogRequest& request) {
+    return fileName(request, true);
+}
+
+std::string QtDialogs::fileName(const FileDialogRequest& request, bool save) {
+    QFileDialog dialog(dialogParent(), QString::fromStdString(request.title), QString(),
+                       toQtFileFilter(request.filter));
+    dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    dialog.setDefaultSuffix(qtSuffix(request.defaultExtension));
+    if (dialog.exec() != QDialog::Accepted) {
+        return {};
+    }
+    const QStringList files = dialog.selectedFiles();
+    return files.isEmpty() ? std::string() : files.front().toStdString();
+}
+
+std::optional<Colour> QtDialogs::chooseColour(Colour initial) {
+    QColorDialog dialog(toQColor(initial), dialogParent());
+    if (dialog.exec() != QDialog::Accepted) {
+        return std::nullopt;
+    }
+    return fromQColor(dialog.selectedColor());
+}
+
+void QtDialogs::show(ShowableWindow& window, bool modal) {
+    QWidget* widget = dynamic_cast<QWidget*>(&window);
+    if (widget == nullptr) {
+        raise(kErrInternal);
+    }
+    if (!modal) {
+        if (widget->isHidden()) {
+            widget->setWindowModality(Qt::NonModal);
+        }
+        widget->show();
+        widget->raise();
+        widget->activateWindow();
+        return;
+    }
+    // Modality only takes effect when a window is shown, so an open window is shown afresh.
+    widget->hide();
+    widget->setWindowModality(Qt::ApplicationModal);
+    QPointer<QWidget> alive(widget);
+    QEventLoop loop;
+    HideWatcher watcher(loop);
+    widget->installEventFilter(&watcher);
+    QObject::connect(widget, &QObject::destroyed, &loop, &QEventLoop::quit);
+    widget->show();
+    widget->raise();
+    widget->activateWindow();
+    if (alive && !alive->isHidden()) {
+        loop.exec();
+    }
+    if (alive) {
+        alive->removeEventFilter(&watcher);
+    }
+}
+
+}  // namespace zw

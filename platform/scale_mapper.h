@@ -1,0 +1,36 @@
+// The mapping between a surface's user coordinates (its ScaleLeft, ScaleTop, ScaleWidth and
+// ScaleHeight) and logical pixels.
+#pragma once
+
+namespace zw {
+
+class ScaleMapper {
+  public:
+    // A mapper that sends everything to pixel 0 (no scale, no pixels).
+    ScaleMapper() = default;
+    // Widths and heights may be negative: a negative height makes y point up.
+    ScaleMapper(double left, double top, double width, double height, double pixelWidth,
+                double pixelHeight);
+
+    // Scale units to pixels. A zero scale width or height maps everything to 0.
+    double toPixelX(double x) const;
+    double toPixelY(double y) const;
+    // Pixels to scale units. A zero pixel width or height maps everything to left or top.
+    double toScaleX(double px) const;
+    double toScaleY(double py) const;
+
+    // The pixel length of a horizontal or vertical distance in scale units (a circle's radius is
+    // horizontal). Lengths have no direction, so these are never negative.
+    double widthToPixels(double length) const;
+    double heightToPixels(double length) const;
+
+  private:
+    double left_ = 0.0;
+    double top_ = 0.0;
+    double width_ = 0.0;
+    double height_ = 0.0;
+    double pixelWidth_ = 0.0;
+    double pixelHeight_ = 0.0;
+};
+
+}  // namespace zw

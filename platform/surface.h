@@ -1,0 +1,190 @@
+// A drawing surface in the manner of the classic picture box: a user coordinate system (twips by
+// default), lines and circles drawn antialiased into an image, a paint event and mouse events in
+// scale units. Widgets only show a Surface and forward events to it; everything the program draws
+// goes through here.
+//
+// Besides the raster the surface keeps a log of the primitives drawn since it was last cleared,
+// so that what a drawing routine produced can be checked as geometry rather than as pixels.
+#pragma once
+
+#include <functional>
+#include <utility>
+#include <vector>
+
+#include <QColor>
+#include <QImage>
+
+#include "platform/colour.h"
+#include "platform/scale_mapper.h"
+
+class QPainter;
+
+namespace zw {
+
+// The screen's twips: 1440 to the inch at 96 logical pixels to the inch.
+constexpr double kTwipsPerPixel = 15.0;
+
+constexpr int kFillSolid = 0;
+constexpr int kFillTransparent = 1;
+
+// A classic colour as Qt's; only the low 24 bits count.
+inline QColor toQColor(Colour c) {
+    return QColor(redOf(c), greenOf(c), blueOf(c));
+}
+inline Colour fromQColor(const QColor& c) {
+    return rgb(c.red(), c.green(), c.blue());
+}
+
+enum class DrawKind { kLine, kCircle };
+
+// One primitive as it was asked for, in the scale units in force when it was drawn.
+struct DrawRecord {
+    DrawKind kind = DrawKind::kLine;
+    // A line runs from (x1, y1) to (x2, y2); a circle has its centre at (x1, y1).
+    double x1 = 0.0;
+    double y1 = 0.0;
+    double x2 = 0.0;
+    double y2 = 0.0;
+    double radius = 0.0;  // circles only, in horizontal scale units
+    Colour colour = kBlack;
+    int drawWidth = 1;
+    int fillStyle = kFillTransparent;
+    Colour fillColour = kBlack;
+};
+
+// What the widget showing a surface needs to hear about.
+class SurfaceObserver {
+  public:
+    virtual ~SurfaceObserver() = default;
+    // The image has new content: show it.
+    virtual void imageChanged() = 0;
+    // move() gave the surface a new place or size within its container.
+    virtual void geometryChanged() = 0;
+};
+
+// Mouse handlers get the classic codes: button 1 left, 2 right, 4 middle (for a move, the
+// buttons held, added up); shift 1 Shift, 2 Ctrl, 4 Alt; x and y in scale units.
+using MouseHandler = std::function<void(int button, int shift, float x, float y)>;
+
+class Surface {
+  public:
+    Surface();
+    Surface(const Surface&) = delete;
+    Surface& operator=(const Surface&) = delete;
+
+    // --- Size of the drawing area in logical pixels (0..32767) -------------------------------
+    // A new size or pixel ratio loses the image: it is cleared to the background colour.
+    void setPixelSize(int width, int height);
+    int pixelWidth() const { return pixelWidth_; }
+    int pixelHeight() const { return pixelHeight_; }
+    void setDevicePixelRatio(qreal ratio);
+    qreal devicePixelRatio() const { return devicePixelRatio_; }
+
+    // --- Coordinate system ---------------------------------------------------------------------
+    // Corners (x1, y1) top left and (x2, y2) bottom right; switches to a user scale, which keeps
+    // its rectangle when the surface is resized.
+    void scale(double x1, double y1, double x2, double y2);
+    // Back to twips, which follow the size.
+    void scaleDefault();
+    void setScaleLeft(double value);
+    void setScaleTop(double value);
+    void setScaleWidth(double value);   // 0 raises error 380
+    void setScaleHeight(double value);  // 0 raises error 380
+    double scaleLeft() const { return scaleLeft_; }
+    double scaleTop() const { return scaleTop_; }
+    double scaleWidth() const { return scaleWidth_; }
+    double scaleHeight() const { return scaleHeight_; }
+    bool hasUserScale() const { return userScale_; }
+    ScaleMapper mapper() const;
+
+    // --- Drawing (coordinates in scale units) --------------------------------------------------
+    void cls();
+    // Setting the background clears the surface.
+    void setBackColour(Colour colour);
+    Colour backColour() const { return backColour_; }
+    void line(double x1, double y1, double x2, double y2, Colour colour);
+    // The radius is in horizontal scale units; the circle is round in pixels.
+    void circle(double x, double y, double radius, Colour colour);
+    void setDrawWidth(int pixels);  // 1..32767, else error 380
+    int drawWidth() const { return drawWidth_; }
+    void setFillStyle(int style);  // 0..7, else error 380; only 0 (solid) fills
+    int fillStyle() const { return fillStyle_; }
+    void setFillColour(Colour colour) { fillColour_ = colour; }
+    Colour fillColour() const { return fillColour_; }
+
+    const std::vector<DrawRecord>& log() const { return log_; }
+    const QImage& image() const { return image_; }
+
+    // --- Placement within the container --------------------------------------------------------
+    // The surface this one lies on, whose scale units move() uses; none means twips. The
+    // container must outlive this surface.
+    void setContainer(const Surface* container) { container_ = container; }
+    const Surface* container() const { return container_; }
+    // Place and size in the container's units at the time of the call. A width or height of 0
+    // leaves nothing to see; a negative one raises error 380.
+    void move(double left, double top, double width, double height);
+    double left() const { return left_; }
+    double top() const { return top_; }
+    double width() const { return width_; }
+    double height() const { return height_; }
+    int pixelLeft() const { return pixelLeft_; }
+    int pixelTop() const { return pixelTop_; }
+
+    // --- Events --------------------------------------------------------------------------------
+    void setPaintHandler(std::function<void()> handler) { paintHandler_ = std::move(handler); }
+    void setMouseDownHandler(MouseHandler handler) { mouseDown_ = std::move(handler); }
+    void setMouseMoveHandler(MouseHandler handler) { mouseMove_ = std::move(handler); }
+    void setMouseUpHandler(MouseHandler handler) { mouseUp_ = std::move(handler); }
+    // Raises the paint event now, then has the view show the result.
+    void refresh();
+    // The view delivers mouse events in logical pixels of the surface.
+    void deliverMouseDown(int button, int shift, double pixelX, double pixelY);
+    void deliverMouseMove(int buttons, int shift, double pixelX, double pixelY);
+    void deliverMouseUp(int button, int shift, double pixelX, double pixelY);
+
+    // The view of this surface, or none. It must deregister before it goes.
+    void setObserver(SurfaceObserver* observer) { observer_ = observer; }
+
+  private:
+    bool resizeImage(int width, int height, qreal ratio);
+    double containerWidthOf(int pixels) const;
+    double containerHeightOf(int pixels) const;
+    void followSize();
+    void setUserScale(double left, double top, double width, double height);
+    void paint(const std::function<void(QPainter&)>& draw);
+    void deliverMouse(const MouseHandler& handler, int button, int shift, double px, double py);
+    void notifyImageChanged();
+
+    int pixelWidth_ = 0;
+    int pixelHeight_ = 0;
+    qreal devicePixelRatio_ = 1.0;
+    QImage image_;
+
+    bool userScale_ = false;
+    double scaleLeft_ = 0.0;
+    double scaleTop_ = 0.0;
+    double scaleWidth_ = 0.0;
+    double scaleHeight_ = 0.0;
+
+    Colour backColour_ = kWhite;
+    int drawWidth_ = 1;
+    int fillStyle_ = kFillTransparent;
+    Colour fillColour_ = kBlack;
+    std::vector<DrawRecord> log_;
+
+    const Surface* container_ = nullptr;
+    double left_ = 0.0;
+    double top_ = 0.0;
+    double width_ = 0.0;
+    double height_ = 0.0;
+    int pixelLeft_ = 0;
+    int pixelTop_ = 0;
+
+    std::function<void()> paintHandler_;
+    MouseHandler mouseDown_;
+    MouseHandler mouseMove_;
+    MouseHandler mouseUp_;
+    SurfaceObserver* observer_ = nullptr;
+};
+
+}  // namespace zw
