@@ -56,6 +56,8 @@ Surface::Surface() {
     followSize();
 }
 
+Surface::~Surface() = default;
+
 // --- Size ------------------------------------------------------------------------------------
 
 void Surface::setPixelSize(int width, int height) {
@@ -83,6 +85,7 @@ bool Surface::resizeImage(int width, int height, qreal ratio) {
     if (static_cast<double>(deviceWidth) * deviceHeight > kMaxImagePixels) {
         raise(kErrOutOfMemory);
     }
+    finishPainting();
     QImage image;
     if (deviceWidth > 0 && deviceHeight > 0) {
         image = QImage(deviceWidth, deviceHeight, QImage::Format_ARGB32_Premultiplied);
@@ -175,6 +178,7 @@ ScaleMapper Surface::mapper() const {
 // --- Drawing ---------------------------------------------------------------------------------
 
 void Surface::cls() {
+    finishPainting();
     if (!image_.isNull()) {
         image_.fill(toQColor(backColour_));
     }
@@ -220,9 +224,11 @@ void Surface::line(double x1, double y1, double x2, double y2, Colour colour) {
     if (!isFinite(from) || !isFinite(to)) {
         return;
     }
+    // Square caps: curves are drawn as runs of short wide lines, and at the curve's three pixels
+    // square caps look the same as round ones while stroking about three times faster.
     paint([&](QPainter& painter) {
         painter.setPen(
-            QPen(toQColor(colour), drawWidth_, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+            QPen(toQColor(colour), drawWidth_, Qt::SolidLine, Qt::SquareCap, Qt::RoundJoin));
         painter.drawLine(from, to);
     });
 }
@@ -247,9 +253,9 @@ void Surface::circle(double x, double y, double radius, Colour colour) {
     }
     paint([&](QPainter& painter) {
         painter.setPen(QPen(toQColor(colour), drawWidth_));
-        if (fillStyle_ == kFillSolid) {
-            painter.setBrush(toQColor(fillColour_));
-        }
+        // The painter lives across primitives: set the brush every time.
+        painter.setBrush(fillStyle_ == kFillSolid ? QBrush(toQColor(fillColour_))
+                                                  : QBrush(Qt::NoBrush));
         painter.drawEllipse(centre, pixelRadius, pixelRadius);
     });
 }
@@ -258,12 +264,21 @@ void Surface::paint(const std::function<void(QPainter&)>& draw) {
     if (image_.isNull()) {
         return;
     }
-    {
-        QPainter painter(&image_);
-        painter.setRenderHint(QPainter::Antialiasing);
-        draw(painter);
+    if (!painter_) {
+        painter_ = std::make_unique<QPainter>(&image_);
+        painter_->setRenderHint(QPainter::Antialiasing);
     }
+    draw(*painter_);
     notifyImageChanged();
+}
+
+void Surface::finishPainting() const {
+    painter_.reset();
+}
+
+const QImage& Surface::image() const {
+    finishPainting();
+    return image_;
 }
 
 // --- Placement -------------------------------------------------------------------------------

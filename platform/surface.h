@@ -8,6 +8,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -69,6 +70,7 @@ using MouseHandler = std::function<void(int button, int shift, float x, float y)
 class Surface {
   public:
     Surface();
+    ~Surface();
     Surface(const Surface&) = delete;
     Surface& operator=(const Surface&) = delete;
 
@@ -113,7 +115,9 @@ class Surface {
     Colour fillColour() const { return fillColour_; }
 
     const std::vector<DrawRecord>& log() const { return log_; }
-    const QImage& image() const { return image_; }
+    // The raster so far. Drawing keeps one painter open across primitives; asking for the image
+    // finishes it.
+    const QImage& image() const;
 
     // --- Placement within the container --------------------------------------------------------
     // The surface this one lies on, whose scale units move() uses; none means twips. The
@@ -152,6 +156,7 @@ class Surface {
     void followSize();
     void setUserScale(double left, double top, double width, double height);
     void paint(const std::function<void(QPainter&)>& draw);
+    void finishPainting() const;
     void deliverMouse(const MouseHandler& handler, int button, int shift, double px, double py);
     void notifyImageChanged();
 
@@ -159,6 +164,7 @@ class Surface {
     int pixelHeight_ = 0;
     qreal devicePixelRatio_ = 1.0;
     QImage image_;
+    mutable std::unique_ptr<QPainter> painter_;
 
     bool userScale_ = false;
     double scaleLeft_ = 0.0;
