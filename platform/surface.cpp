@@ -205,18 +205,15 @@ void Surface::setFillStyle(int style) {
     fillStyle_ = style;
 }
 
+// Each record carries the pen and fill in force at the time, so later changes of state cannot
+// rewrite what the log says was drawn.
+void Surface::logPrimitive(DrawKind kind, double x1, double y1, double x2, double y2, double radius,
+                           Colour colour) {
+    log_.push_back({kind, x1, y1, x2, y2, radius, colour, drawWidth_, fillStyle_, fillColour_});
+}
+
 void Surface::line(double x1, double y1, double x2, double y2, Colour colour) {
-    DrawRecord record;
-    record.kind = DrawKind::kLine;
-    record.x1 = x1;
-    record.y1 = y1;
-    record.x2 = x2;
-    record.y2 = y2;
-    record.colour = colour;
-    record.drawWidth = drawWidth_;
-    record.fillStyle = fillStyle_;
-    record.fillColour = fillColour_;
-    log_.push_back(record);
+    logPrimitive(DrawKind::kLine, x1, y1, x2, y2, 0.0, colour);
 
     const ScaleMapper map = mapper();
     const QPointF from(map.toPixelX(x1), map.toPixelY(y1));
@@ -234,16 +231,7 @@ void Surface::line(double x1, double y1, double x2, double y2, Colour colour) {
 }
 
 void Surface::circle(double x, double y, double radius, Colour colour) {
-    DrawRecord record;
-    record.kind = DrawKind::kCircle;
-    record.x1 = x;
-    record.y1 = y;
-    record.radius = radius;
-    record.colour = colour;
-    record.drawWidth = drawWidth_;
-    record.fillStyle = fillStyle_;
-    record.fillColour = fillColour_;
-    log_.push_back(record);
+    logPrimitive(DrawKind::kCircle, x, y, 0.0, 0.0, radius, colour);
 
     const ScaleMapper map = mapper();
     const QPointF centre(map.toPixelX(x), map.toPixelY(y));

@@ -155,6 +155,8 @@ class Surface {
     double containerHeightOf(int pixels) const;
     void followSize();
     void setUserScale(double left, double top, double width, double height);
+    void logPrimitive(DrawKind kind, double x1, double y1, double x2, double y2, double radius,
+                      Colour colour);
     void paint(const std::function<void(QPainter&)>& draw);
     void finishPainting() const;
     void deliverMouse(const MouseHandler& handler, int button, int shift, double px, double py);

@@ -73,9 +73,10 @@ void SurfaceWidget::mousePressEvent(QMouseEvent* event) {
     guard_.run([&] { surface_.deliverMouseDown(button, shift, at.x(), at.y()); });
 }
 
-// The second press of a double click is a press like any other, so quick clicks are not lost.
+// As in the classic event model, the second press of a double click is no MouseDown (its release
+// still arrives): a double click on the canvas must not put two control points on one spot.
 void SurfaceWidget::mouseDoubleClickEvent(QMouseEvent* event) {
-    mousePressEvent(event);
+    event->accept();
 }
 
 void SurfaceWidget::mouseMoveEvent(QMouseEvent* event) {
