@@ -10,7 +10,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/runtime_error.h"
+#include "test_support.h"
 
 namespace zw {
 namespace {
@@ -69,13 +69,7 @@ TEST(SurfaceErrorTest, RefusedValuesRaiseTheClassicErrorAndChangeNothing) {
         SCOPED_TRACE(i);
         Surface surface;
         surface.setPixelSize(100, 50);
-        int error = 0;
-        try {
-            cases[i].first(surface);
-        } catch (const RuntimeError& e) {
-            error = e.number();
-        }
-        EXPECT_EQ(error, cases[i].second);
+        EXPECT_EQ(errorOf([&] { cases[i].first(surface); }), cases[i].second);
         EXPECT_EQ(surface.scaleWidth(), 1500);  // nothing changed
         EXPECT_EQ(surface.drawWidth(), 1);
     }

@@ -4,7 +4,6 @@
 
 #include <clocale>
 #include <cmath>
-#include <initializer_list>
 #include <limits>
 #include <string>
 
@@ -13,70 +12,63 @@
 namespace zw {
 namespace {
 
-struct ValCase {
-    std::string text;
-    double expected;
-};
-
-void expectVal(std::initializer_list<ValCase> cases) {
+TEST(Val, FollowsTheClassicRules) {
+    const struct {
+        std::string text;
+        double expected;
+    } cases[] = {// Blanks, tabs and line feeds are skipped anywhere; a carriage return stops.
+                 {" 1 2 3", 123},
+                 {" - 1", -1},
+                 {"\t1\n2", 12},
+                 {"1 . 5 E 1", 15},
+                 {"1\r2", 1},
+                 {"\r5", 0},
+                 // Sign, digits and one point, up to the first character that does not fit.
+                 {"", 0},
+                 {"abc", 0},
+                 {"12.6", 12.6},
+                 {".5", 0.5},
+                 {"-.5", -0.5},
+                 {"5.", 5},
+                 {"12abc", 12},
+                 {"1.2.3", 1.2},
+                 {"--1", 0},
+                 {"+-1", 0},
+                 {"-", 0},
+                 {".", 0},
+                 {"1,5", 1},
+                 // E and D exponents; one without digits is ignored.
+                 {"1.5D2", 150},
+                 {"2e-1", 0.2},
+                 {"1E", 1},
+                 {"1E+", 1},
+                 {"1E-x", 1},
+                 {"1E2.5", 100},
+                 {"1E-400", 0},
+                 {"0E999999999999999999999", 0},
+                 {"1.7976931348623157E308", std::numeric_limits<double>::max()},
+                 // Up to 16 bits a literal is an Integer, up to 32 bits a Long; '&' forces Long.
+                 {"&h 1f", 31},
+                 {"&HFFFF", -1},
+                 {"&H8000", -32768},
+                 {"&H7FFF", 32767},
+                 {"&H0000FFFF", -1},
+                 {"&H10000", 65536},
+                 {"&HFFFFFFFF", -1},
+                 {"&H80000000", -2147483648.0},
+                 {"&HFFFF&", 65535},
+                 {"&H1G", 1},
+                 {"&O177777", -1},
+                 {"&o17", 15},
+                 {"&O78", 7},
+                 {"&O8", 0},
+                 {"&H", 0},
+                 {"&", 0},
+                 {"&12", 0},
+                 {"-&H1", 0}};
     for (const auto& c : cases) {
         EXPECT_EQ(val(c.text), c.expected) << "Val(\"" << c.text << "\")";
     }
-}
-
-TEST(Val, SkipsBlanksTabsAndLineFeedsButStopsAtOtherWhitespace) {
-    expectVal({{" 1 2 3", 123},
-               {" - 1", -1},
-               {"\t1\n2", 12},
-               {"1 . 5 E 1", 15},
-               {"1\r2", 1},
-               {"\r5", 0},
-               {"&h 1f", 31}});
-}
-
-TEST(Val, ReadsSignDigitsAndOnePointUpToTheFirstUnusableCharacter) {
-    expectVal({{"", 0},
-               {"abc", 0},
-               {"12.6", 12.6},
-               {".5", 0.5},
-               {"-.5", -0.5},
-               {"5.", 5},
-               {"12abc", 12},
-               {"1.2.3", 1.2},
-               {"--1", 0},
-               {"+-1", 0},
-               {"-", 0},
-               {".", 0},
-               {"1,5", 1},
-               {"0.00125", 0.00125}});
-}
-
-TEST(Val, ReadsEAndDExponentsAndIgnoresOnesWithoutDigits) {
-    expectVal({{"1.5D2", 150},
-               {"2e-1", 0.2},
-               {"1E", 1},
-               {"1E+", 1},
-               {"1E-x", 1},
-               {"1E2E3", 100},
-               {"1E2.5", 100},
-               {"1E-400", 0},
-               {"0E999999999999999999999", 0},
-               {"1.7976931348623157E308", std::numeric_limits<double>::max()}});
-}
-
-// Up to 16 bits a literal is an Integer, up to 32 bits a Long; a '&' suffix forces Long.
-TEST(Val, TypesHexadecimalAndOctalLiterals) {
-    expectVal({{"&H1F", 31},       {"&HFFFF", -1},
-               {"&H8000", -32768}, {"&H7FFF", 32767},
-               {"&H0000FFFF", -1}, {"&H10000", 65536},
-               {"&HFFFFFFFF", -1}, {"&H80000000", -2147483648.0},
-               {"&HFFFF&", 65535}, {"&H8000&", 32768},
-               {"&H1G", 1},        {"&O177777", -1},
-               {"&o17", 15},       {"&O100000", -32768},
-               {"&O78", 7},        {"&O8", 0},
-               {"&H", 0},          {"&", 0},
-               {"&X12", 0},        {"&12", 0},
-               {"-&H1", 0}});
 }
 
 TEST(Val, ReadsLongDigitStringsExactly) {
@@ -104,19 +96,15 @@ TEST(SingleText, RoundsToSevenDigitsAndSwitchesToENotation) {
                  {0.5f, "0.5", " .5"},
                  {-0.5f, "-0.5", "-.5"},
                  {1.0f / 3, "0.3333333", " .3333333"},
-                 {0, "0", " 0"},
                  {-0.0f, "0", " 0"},
-                 {-3, "-3", "-3"},
                  // The upper end: 7 digits before the point stay fixed.
                  {9999999, "9999999", " 9999999"},
                  {12345678, "1.234568E+07", " 1.234568E+07"},
                  {1e7f, "1E+07", " 1E+07"},
                  {9999999.5f, "1E+07", " 1E+07"},
-                 {1e38f, "1E+38", " 1E+38"},
                  {3.4028235e38f, "3.402823E+38", " 3.402823E+38"},
                  // The lower end: leading zeros and digits after the point together at most 7.
                  {0.0000001f, "0.0000001", " .0000001"},
-                 {0.0000012f, "0.0000012", " .0000012"},
                  {0.00000123f, "1.23E-06", " 1.23E-06"},
                  {1e-8f, "1E-08", " 1E-08"},
                  {0.000123456f, "1.23456E-04", " 1.23456E-04"},
@@ -140,17 +128,12 @@ TEST(DoubleText, RoundsToFifteenDigitsAndSwitchesToENotation) {
     } cases[] = {
         {0.1 + 0.2, "0.3", " .3"},
         {2.0 / 3, "0.666666666666667", " .666666666666667"},
-        {-2.5, "-2.5", "-2.5"},
-        {0, "0", " 0"},
         {1e14, "100000000000000", " 100000000000000"},
         {1e15, "1E+15", " 1E+15"},
         {1e100, "1E+100", " 1E+100"},
         {123456789012345678.0, "1.23456789012346E+17", " 1.23456789012346E+17"},
-        {1e-15, "0.000000000000001", " .000000000000001"},
         {1e-16, "1E-16", " 1E-16"},
         {std::numeric_limits<double>::max(), "1.79769313486232E+308", " 1.79769313486232E+308"},
-        {std::numeric_limits<double>::denorm_min(), "4.94065645841247E-324",
-         " 4.94065645841247E-324"},
         // Carries that move the value across the fixed/E boundary, both ways.
         {std::nextafter(1e15, 0.0), "1E+15", " 1E+15"},
         {std::nextafter(1e14, 0.0), "100000000000000", " 100000000000000"},
