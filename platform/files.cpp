@@ -26,9 +26,11 @@ std::string nativePath(const std::string& classicPath) {
 
 namespace {
 
+// One stat: a listing with normal attributes shows anything that exists and is no directory.
 bool isListedFile(const fs::path& path) {
     std::error_code ec;
-    return fs::exists(path, ec) && !fs::is_directory(path, ec);
+    const fs::file_status status = fs::status(path, ec);
+    return fs::exists(status) && !fs::is_directory(status);
 }
 
 bool hasWildcard(const std::string& name) {
