@@ -57,6 +57,8 @@ class Array {
         return static_cast<std::int32_t>(items_.size()) - 1;
     }
     std::size_t size() const { return items_.size(); }
+    // The elements as stored, for loops that check their indexes against size() themselves.
+    const T* data() const { return items_.data(); }
 
     T& operator()(double index) { return items_[checkedIndex(index)]; }
     const T& operator()(double index) const { return items_[checkedIndex(index)]; }

@@ -18,6 +18,7 @@ enum ErrorNumber : int {
     kErrSubscript = 9,
     kErrDivisionByZero = 11,
     kErrTypeMismatch = 13,
+    kErrOutOfStack = 28,
     kErrInternal = 51,
     kErrBadFileName = 52,
     kErrFileNotFound = 53,

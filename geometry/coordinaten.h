@@ -1,0 +1,53 @@
+// The control polygon of the one curve being edited, with the curve's order.
+#pragma once
+
+#include <memory>
+
+#include "geometry/punt.h"
+#include "platform/array.h"
+#include "platform/main_window.h"
+
+namespace zw {
+
+// Slots that may be empty, as an array of object references.
+using PuntArray = Array<std::unique_ptr<Punt>>;
+
+class coordinaten {
+  public:
+    explicit coordinaten(MainWindow& window);
+
+    // Order k of the curve (degree + 1); -1 when empty.
+    float orde = -1.0f;
+    // Index of the last control point; -1 when empty.
+    float graad = -1.0f;
+    // Bezier mode: the order was fixed to the number of points.
+    bool orde_gezet = false;
+
+    // Takes over the points of a polygon with one point more (knot insertion computed them).
+    void splits(const PuntArray& nieuw);
+    // Empties the polygon to `aantal` empty slots (and one spare) before it is filled by zet_punt.
+    void dimensioneer_punten(float aantal);
+    void teken_controlepunten_in_kleur();
+    // The index of the nearest point, the lowest on a tie; there is no search radius.
+    float zoek_punt(float x, float y) const;
+    void zet_punt(float index, const Punt& p);
+    void toevoegen(const Punt& p);
+    // The demonstration polygon: four points of a cubic Bezier curve.
+    void test();
+    // Bezier mode: the order becomes the number of points.
+    void zet_orde();
+    // The stored point itself, not a copy; an empty slot raises error 91.
+    Punt& punten(float index);
+    const Punt& punten(float index) const;
+    // One rational curve point from the blending coefficients of the points begin, begin + 1, ...:
+    // weighted by the weights window and rounded to whole canvas units.
+    Punt zoek_coord(const Array<double>& tabel, float begin) const;
+    bool orde_kleiner_dan_8() const;
+    void restart();
+
+  private:
+    MainWindow& window_;
+    PuntArray p_;
+};
+
+}  // namespace zw

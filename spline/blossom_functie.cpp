@@ -1,0 +1,136 @@
+#include "spline/blossom_functie.h"
+
+#include <cmath>
+#include <memory>
+
+#include "knots/knoop_vector.h"
+#include "platform/numeric.h"
+#include "spline/blossom_engine.h"
+#include "spline/parameter_search.h"
+
+namespace zw {
+
+std::int32_t wholeOrder(float orde) {
+    if (!(orde == std::floor(orde))) {
+        raise(kErrInvalidCall);
+    }
+    return toIndex(orde);
+}
+
+BlossomFunctie::BlossomFunctie(MainWindow& window)
+    : window_(window), zoekfractie(divideSingle(1.0f, 9.0f)), zoekgrens(500.0f) {}
+
+Array<double> BlossomFunctie::blossom(const Array<double>& argumentenlijst, float segment) const {
+    const std::int32_t k = wholeOrder(window_.polygoon().orde);
+    Array<double> c(k);
+    // The recursion reads the first k - 1 arguments, and at least the first.
+    const std::size_t needed = k > 1 ? static_cast<std::size_t>(k - 1) : 1;
+    if (argumentenlijst.size() < needed) {
+        raise(kErrSubscript);
+    }
+    const KnoopVector& vec = window_.vec();
+    const Array<double>& knopen = vec.knopen();
+    BlossomEngine engine(knopen.data(), knopen.size(), vec.knopenlengte, k, segment);
+    const double* result = engine.evaluate(argumentenlijst.data());
+    for (std::int32_t i = 0; i <= k; ++i) {
+        c(i) = result[i];
+    }
+    return c;
+}
+
+float BlossomFunctie::zoek_controlepunt(double t) const {
+    const KnoopVector& vec = window_.vec();
+    for (float i = 1.0f; i < vec.knopenlengte; i = addSingle(i, 1.0f)) {
+        if (vec.knoop(i) == t) {
+            return addSingle(i, 1.0f);
+        }
+    }
+    return 0.0f;
+}
+
+Punt BlossomFunctie::zoek_punt(const Array<double>& argumentenlijst) const {
+    const float k = window_.polygoon().orde;
+    const KnoopVector& vec = window_.vec();
+    float s = 0.0f;
+    while (s < k && vec.knoop(s) <= argumentenlijst(0.0)) {
+        s = addSingle(s, 1.0f);
+    }
+    return bereken_punt(blossom(argumentenlijst, s), s);
+}
+
+Punt BlossomFunctie::bereken_punt(const Array<double>& coefficienten, float begin) const {
+    const coordinaten& polygon = window_.polygoon();
+    double x = 0.0;
+    double y = 0.0;
+    forSingle(0.0f, addSingle(polygon.orde, -1.0f), 1.0f, [&](float i) {
+        const float index = addSingle(begin, i);
+        if (index <= polygon.graad) {
+            const Punt& p = polygon.punten(index);
+            x = checkedDouble(x + coefficienten(i) * p.X);
+            y = checkedDouble(y + coefficienten(i) * p.Y);
+        }
+    });
+    Punt punt;
+    punt.vulpunt(toSingle(x), toSingle(y));
+    return punt;
+}
+
+void BlossomFunctie::maak_spline(double& t) {
+    coordinaten& polygon = window_.polygoon();
+    KnoopVector& vec = window_.vec();
+    const float k = polygon.orde;
+    const float n = polygon.graad;
+    PuntArray nieuw(addSingle(n, 2.0f));
+
+    // The points before the new knot's influence stay. A t equal to a knot stops here too, so
+    // inserting an existing value raises its multiplicity.
+    float r = 0.0f;
+    while (vec.knoop(addSingle(addSingle(k, r), -1.0f)) < t) {
+        const Punt& p = polygon.punten(r);
+        nieuw(r) = std::make_unique<Punt>(p.X, p.Y);
+        r = addSingle(r, 1.0f);
+    }
+    // Boehm's insertion by blossoming: new point r + j is the polar value of its k - 1 knots in
+    // the refined vector, the k - 2 old knots after knot r + j followed by t.
+    Array<double> argumenten(addSingle(k, -1.0f));
+    forSingle(0.0f, addSingle(k, -2.0f), 1.0f, [&](float j) {
+        forSingle(0.0f, addSingle(k, -3.0f), 1.0f, [&](float m) {
+            argumenten(m) = vec.knoop(addSingle(addSingle(addSingle(r, j), 1.0f), m));
+        });
+        argumenten(addSingle(k, -2.0f)) = t;
+        const float segment = addSingle(r, j);
+        const Punt p = bereken_punt(blossom(argumenten, segment), addSingle(segment, -1.0f));
+        nieuw(segment) = std::make_unique<Punt>(p.X, p.Y);
+    });
+    // The rest moves up one index.
+    forSingle(addSingle(addSingle(k, r), -1.0f), addSingle(n, 1.0f), 1.0f, [&](float i) {
+        const Punt& p = polygon.punten(addSingle(i, -1.0f));
+        nieuw(i) = std::make_unique<Punt>(p.X, p.Y);
+    });
+    vec.voeg_knooppunt_toe(t);
+    polygon.splits(nieuw);
+}
+
+void BlossomFunctie::zoek_twaarde(const Punt& punt, double& t) const {
+    ParameterSearch search(window_, zoekfractie, zoekgrens);
+    search.run(punt, t);
+}
+
+void BlossomFunctie::splits_in_helft() {
+    // After a split the new knots are what the user looks at: show them on the curve.
+    window_.knooppunten = true;
+    const float k = window_.polygoon().orde;
+    KnoopVector& vec = window_.vec();
+    const float m = addSingle(addSingle(vec.knopenlengte, -multiplySingle(2.0f, addSingle(k, -1.0f))),
+                              -1.0f);
+    // Every midpoint is taken before the first insertion.
+    Array<double> midden(m);
+    forSingle(0.0f, addSingle(m, -1.0f), 1.0f, [&](float i) {
+        const double a = vec.knoop(addSingle(addSingle(k, -1.0f), i));
+        const double b = vec.knoop(addSingle(k, i));
+        midden(i) = checkedDouble((b - a) / 2.0 + a);
+    });
+    forSingle(0.0f, addSingle(m, -1.0f), 1.0f, [&](float i) { maak_spline(midden(i)); });
+}
+
+}  // namespace zw

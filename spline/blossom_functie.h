@@ -1,0 +1,50 @@
+// The evaluator: blossoming on coefficient vectors, knot insertion and the parameter search.
+//
+// Every operation reads the main window's current control polygon and knot vector afresh, so one
+// evaluator serves whatever curve is being edited.
+#pragma once
+
+#include "geometry/coordinaten.h"
+#include "geometry/punt.h"
+#include "platform/array.h"
+#include "platform/main_window.h"
+
+namespace zw {
+
+class BlossomFunctie {
+  public:
+    explicit BlossomFunctie(MainWindow& window);
+
+    // Step in the parameter between drawn samples; the window sets it from its detail setting.
+    float stap = 0.2f;
+
+    // The weights (entries 0 .. k-1) of control points segment - 1 .. segment + k - 2 in the
+    // polar form of the k - 1 arguments; entry k is a spare that takes the 1.0 of a knot run that
+    // names no control point of the segment.
+    Array<double> blossom(const Array<double>& argumentenlijst, float segment) const;
+    // The index after the knot equal to t, searched from knot 1; 0 when no knot equals t.
+    float zoek_controlepunt(double t) const;
+    // Pairs blossom and bereken_punt with one and the same number. Nothing calls it.
+    Punt zoek_punt(const Array<double>& argumentenlijst) const;
+    // The polynomial point: control points begin, begin + 1, ... weighted by the coefficients.
+    Punt bereken_punt(const Array<double>& coefficienten, float begin) const;
+    // Inserts the knot t and replaces the polygon by the one of the refined knot vector.
+    void maak_spline(double& t);
+    // The parameter, within the real range, of the drawn curve point nearest to `punt`.
+    void zoek_twaarde(const Punt& punt, double& t) const;
+    // Splits every segment at the middle of its parameter interval.
+    void splits_in_helft();
+
+  private:
+    MainWindow& window_;
+    // The parameter search divides every segment into steps of this fraction of its length.
+    float zoekfractie;
+    // The parameter search subdivides at most this many intervals.
+    float zoekgrens;
+};
+
+// The whole order k of the polygon. An order that is no whole number, which only a damaged file
+// holds, raises error 5: it gives no curve.
+std::int32_t wholeOrder(float orde);
+
+}  // namespace zw
