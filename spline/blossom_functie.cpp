@@ -23,14 +23,14 @@ BlossomFunctie::BlossomFunctie(MainWindow& window)
 Array<double> BlossomFunctie::blossom(const Array<double>& argumentenlijst, float segment) const {
     const std::int32_t k = wholeOrder(window_.polygoon().orde);
     Array<double> c(k);
+    const KnoopVector& vec = window_.vec();
+    const Array<double>& knopen = vec.knopen();
+    BlossomEngine engine(knopen.data(), knopen.size(), vec.knopenlengte, k, segment);
     // The recursion reads the first k - 1 arguments, and at least the first.
     const std::size_t needed = k > 1 ? static_cast<std::size_t>(k - 1) : 1;
     if (argumentenlijst.size() < needed) {
         raise(kErrSubscript);
     }
-    const KnoopVector& vec = window_.vec();
-    const Array<double>& knopen = vec.knopen();
-    BlossomEngine engine(knopen.data(), knopen.size(), vec.knopenlengte, k, segment);
     const double* result = engine.evaluate(argumentenlijst.data());
     for (std::int32_t i = 0; i <= k; ++i) {
         c(i) = result[i];

@@ -3,8 +3,8 @@
 // model through it.
 #pragma once
 
-#include <initializer_list>
 #include <utility>
+#include <vector>
 
 #include "geometry/coordinaten.h"
 #include "knots/knoop_vector.h"
@@ -31,7 +31,7 @@ class HeadlessWindow : public MainWindow {
 
     // A curve of order k through the given points with a uniform (or open-uniform) knot vector,
     // every weight 1, as the editor would have it after the points were placed.
-    void setCurve(int k, std::initializer_list<std::pair<float, float>> points,
+    void setCurve(int k, const std::vector<std::pair<float, float>>& points,
                   bool openUniform = false) {
         polygon_.dimensioneer_punten(static_cast<float>(points.size()));
         gewichten_.dimensioneer_gewichten(static_cast<float>(points.size()));

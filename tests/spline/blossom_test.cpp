@@ -1,0 +1,312 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstring>
+#include <random>
+#include <vector>
+
+#include "headless_window.h"
+#include "test_support.h"
+
+namespace zw {
+namespace {
+
+// ---------------------------------------------------------------------------------------------
+// The blossom recursion written out literally: every sub-list evaluated anew, 2^(k-1) terminal
+// lists. The evaluator must return exactly these vectors, bit for bit.
+
+Array<double> lineaireCombinatie(const Array<double>& a, const Array<double>& b, float n, double wa,
+                                 double wb) {
+    Array<double> c(n);
+    for (float i = 0; i <= n; ++i) {
+        c(i) = b(i) * wb + a(i) * wa;
+    }
+    return c;
+}
+
+Array<double> literalBlossom(HeadlessWindow& w, const Array<double>& args, float sigma) {
+    const float k = w.polygoon().orde;
+    const KnoopVector& vec = w.vec();
+    Array<double> c(k);
+    float q = k - 1;
+    bool settled = false;
+    const float r = vec.vergelijk_vector(q, args);
+    if (q > 0 && args(q - 1) >= vec.knoop(vec.knopenlengte - 1)) {
+        settled = true;
+    }
+    if (!settled && args(0) <= vec.knoop(0)) {
+        return c;
+    }
+    if (q < k - 1) {
+        if (settled) {
+            return c;
+        }
+        const double A = vec.knoop(r);
+        const double B = vec.knoop(r - q - 1);
+        const double u = args(k - 2);
+        Array<double> a1(k - 1);
+        Array<double> a2(k - 1);
+        a1(0) = B;
+        for (float i = k - 2; i >= 1; --i) {
+            a1(i) = args(i - 1);
+        }
+        for (float i = 0; i <= q - 1; ++i) {
+            a2(i) = args(i);
+        }
+        a2(q) = A;
+        for (float i = q + 1; i <= k - 2; ++i) {
+            a2(i) = args(i - 1);
+        }
+        const Array<double> c1 = literalBlossom(w, a1, sigma);
+        const Array<double> c2 = literalBlossom(w, a2, sigma);
+        const Array<double> l = lineaireCombinatie(c1, c2, k - 1, (A - u) / (A - B), (u - B) / (A - B));
+        for (float i = 0; i <= k - 1; ++i) {
+            c(i) = l(i);
+        }
+        return c;
+    }
+    if (settled) {
+        return c;
+    }
+    float j = 0;
+    bool match = false;
+    while (j < k && !match) {
+        if (j + sigma > 0 && args(0) == vec.knoop(j + sigma)) {
+            match = true;
+        } else {
+            ++j;
+        }
+    }
+    if (sigma < 0) {
+        --j;
+    }
+    c(j) = 1.0;
+    return c;
+}
+
+// ---------------------------------------------------------------------------------------------
+
+Array<double> listOf(const std::vector<double>& values, float k) {
+    Array<double> a(k - 1 < 0 ? 0 : k - 1);
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        a(static_cast<double>(i)) = values[i];
+    }
+    return a;
+}
+
+bool sameBits(const Array<double>& a, const Array<double>& b) {
+    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(double)) == 0;
+}
+
+enum class KnotForm { kUniform, kOpenUniform, kIrregular };
+
+// A random curve: order k, n + 1 points, one of three knot forms.
+void randomCurve(HeadlessWindow& w, std::mt19937& rng, int k, int points, KnotForm form) {
+    std::uniform_real_distribution<float> coordinate(0.0f, 10000.0f);
+    std::vector<std::pair<float, float>> xy;
+    for (int i = 0; i < points; ++i) {
+        xy.emplace_back(coordinate(rng), coordinate(rng));
+    }
+    w.setCurve(k, xy, form == KnotForm::kOpenUniform);
+    if (form == KnotForm::kIrregular) {
+        std::uniform_real_distribution<double> gap(0.05, 2.0);
+        double knot = -3.0;
+        for (float i = 0; i < w.vec().knopenlengte; ++i) {
+            w.vec().zet_knoop(i, knot);
+            knot += gap(rng);
+        }
+    }
+}
+
+// The argument lists the editor hands to the evaluator, with their segment numbers.
+std::vector<std::pair<std::vector<double>, float>> listsOf(HeadlessWindow& w, std::mt19937& rng) {
+    const int k = static_cast<int>(w.polygoon().orde);
+    const int L = static_cast<int>(w.vec().knopenlengte);
+    const auto knot = [&](int i) { return w.vec().knoop(static_cast<float>(i)); };
+    std::uniform_real_distribution<double> unit(0.0, 1.0);
+    std::vector<std::pair<std::vector<double>, float>> lists;
+    for (int s = 1; s <= L - 2 * k + 1; ++s) {
+        const double a = knot(k + s - 2);
+        const double b = knot(k + s - 1);
+        // Curve points inside and at both ends of the segment.
+        for (const double t : {a, a + (b - a) * unit(rng), a + (b - a) * unit(rng), b}) {
+            lists.push_back({std::vector<double>(k, t), static_cast<float>(s)});
+        }
+        // Bezier points: a repeated k - 1 - j times, then b.
+        for (int j = 0; j < k; ++j) {
+            std::vector<double> bezier(k, b);
+            std::fill(bezier.begin(), bezier.begin() + (k - 1 - j), a);
+            lists.push_back({bezier, static_cast<float>(s)});
+        }
+        // Knot insertion: k - 2 knots, then the new value.
+        std::vector<double> insertion(k, a + (b - a) * unit(rng));
+        for (int m = 0; m + 2 < k; ++m) {
+            insertion[m] = knot(s + 1 + m);
+        }
+        lists.push_back({insertion, static_cast<float>(s)});
+    }
+    // Control points: their own k - 1 knots, on every segment they act on.
+    for (int i = 0; i + k < L; ++i) {
+        std::vector<double> control(k, 0.0);
+        for (int m = 0; m + 1 < k; ++m) {
+            control[m] = knot(i + 1 + m);
+        }
+        for (int s = std::max(1, i - k + 2); s <= i + 1; ++s) {
+            lists.push_back({control, static_cast<float>(s)});
+        }
+    }
+    // The left virtual range, with its negative segment numbers.
+    for (int j = 1; j < k; ++j) {
+        const double t = knot(j - 1) + (knot(j) - knot(j - 1)) * unit(rng);
+        lists.push_back({std::vector<double>(k, t), static_cast<float>(j - k)});
+    }
+    return lists;
+}
+
+TEST(Blossom, EqualsTheLiteralRecursionBitForBit) {
+    std::mt19937 rng(20261121);
+    int compared = 0;
+    for (int k = 1; k <= 8; ++k) {
+        for (const KnotForm form : {KnotForm::kUniform, KnotForm::kOpenUniform, KnotForm::kIrregular}) {
+            for (int extra = 0; extra <= 4; extra += 2) {
+                HeadlessWindow w;
+                randomCurve(w, rng, k, k + extra, form);
+                for (const auto& [values, sigma] : listsOf(w, rng)) {
+                    const Array<double> args = listOf(values, static_cast<float>(k));
+                    const Array<double> expected = literalBlossom(w, args, sigma);
+                    const Array<double> actual = w.evaluator().blossom(args, sigma);
+                    ASSERT_TRUE(sameBits(expected, actual))
+                        << "k " << k << " form " << static_cast<int>(form) << " sigma " << sigma
+                        << " first argument " << values[0];
+                    ++compared;
+                }
+            }
+        }
+    }
+    EXPECT_GT(compared, 1000);
+}
+
+// The bezier curve of the demonstration polygon: knots -3 .. 4, range [0, 1].
+struct Cubic : HeadlessWindow {
+    Cubic() { setCurve(4, {{1000, 1000}, {1000, 5000}, {7000, 5000}, {7000, 1000}}); }
+    Array<double> at(const std::vector<double>& values, float sigma) {
+        return evaluator().blossom(listOf(values, 4), sigma);
+    }
+};
+
+TEST(Blossom, ControlPointKnotListsNameTheirPointExactly) {
+    HeadlessWindow w;
+    w.setCurve(3, {{0, 0}, {1, 0}, {2, 0}, {3, 0}, {4, 0}, {5, 0}});  // knots -2 .. 6
+    for (int i = 0; i <= 5; ++i) {
+        const std::vector<double> own = {w.vec().knoop(i + 1.0f), w.vec().knoop(i + 2.0f), 0.0};
+        for (int sigma = std::max(1, i - 1); sigma <= std::min(4, i + 1); ++sigma) {
+            const Array<double> c = w.evaluator().blossom(listOf(own, 3), sigma);
+            for (int e = 0; e <= 3; ++e) {
+                EXPECT_EQ(c(e), e == i - sigma + 1 ? 1.0 : 0.0) << i << " " << sigma << " " << e;
+            }
+            const Punt p = w.evaluator().bereken_punt(c, sigma - 1.0f);
+            EXPECT_EQ(p.X, static_cast<float>(i));
+        }
+    }
+}
+
+TEST(Blossom, OpenUniformCoefficientsSumToOneInsideTheSegments) {
+    HeadlessWindow w;
+    w.setCurve(4, {{0, 0}, {1, 0}, {2, 0}, {3, 0}, {4, 0}, {5, 0}, {6, 0}}, true);
+    for (float s = 1; s <= 4; ++s) {
+        const double a = w.vec().knoop(2 + s);
+        const double b = w.vec().knoop(3 + s);
+        for (double f = 0.05; f < 1.0; f += 0.1) {
+            const double t = a + f * (b - a);
+            const Array<double> c = w.evaluator().blossom(listOf({t, t, t, t}, 4), s);
+            EXPECT_NEAR(c(0.0) + c(1.0) + c(2.0) + c(3.0), 1.0, 1e-12) << t;
+            EXPECT_EQ(c(4.0), 0.0);
+        }
+    }
+}
+
+TEST(Blossom, ListsOutsideTheKnotsGiveTheZeroVector) {
+    Cubic w;
+    const std::vector<double> zero(5, 0.0);
+    struct Case {
+        const char* what;
+        std::vector<double> list;
+    };
+    const Case cases[] = {
+        {"first argument at the first knot", {-3, 0.5, 0.5, 0}},
+        {"first argument below the first knot", {-7, 0.5, 0.5, 0}},
+        {"run into the last knot", {4, 4, 4, 0}},
+        {"run ending at the last knot", {3, 4, 0.5, 0}},
+    };
+    for (const Case& c : cases) {
+        const Array<double> v = w.at(c.list, 1);
+        EXPECT_EQ(std::vector<double>(v.data(), v.data() + v.size()), zero) << c.what;
+        EXPECT_EQ(w.evaluator().bereken_punt(v, 0).X, 0.0f) << c.what;
+    }
+}
+
+TEST(Blossom, ARunThatNamesNoPointOfTheSegmentWeighsTheSpareEntry) {
+    Cubic w;
+    // Knots 1, 2, 3 name control point 0, which does not act on segment 3.
+    const Array<double> c = w.at({-2, -1, 0, 0}, 3);
+    EXPECT_EQ(c(4.0), 1.0);
+    const Punt p = w.evaluator().bereken_punt(c, 2);
+    EXPECT_EQ(p.X, 0.0f);
+    EXPECT_EQ(p.Y, 0.0f);
+    // A negative segment number moves the unmatched 1.0 down to the last real entry.
+    const Array<double> virtualSegment = w.at({-2, -1, 0, 0}, -3);
+    EXPECT_EQ(virtualSegment(3.0), 1.0);
+    EXPECT_EQ(virtualSegment(4.0), 0.0);
+}
+
+TEST(Blossom, BerekenPuntSkipsPointsPastTheLast) {
+    Cubic w;
+    Array<double> c(4.0);
+    for (float i = 0; i <= 4; ++i) {
+        c(i) = 1.0;
+    }
+    // Points 2 and 3 exist; begin 2 would add points 4 and 5 too.
+    const Punt p = w.evaluator().bereken_punt(c, 2);
+    EXPECT_EQ(p.X, 14000.0f);
+    EXPECT_EQ(p.Y, 6000.0f);
+}
+
+TEST(Blossom, BadOrdersAndListsRaiseRunTimeErrors) {
+    Cubic w;
+    EXPECT_EQ(errorOf([&] { w.evaluator().blossom(Array<double>(1.0), 1); }), kErrSubscript);
+    w.polygoon().orde = 3.5f;
+    EXPECT_EQ(errorOf([&] { w.at({0.5, 0.5, 0.5, 0.5}, 1); }), kErrInvalidCall);
+    w.polygoon().orde = -1.0f;
+    EXPECT_EQ(errorOf([&] { w.at({0.5, 0.5, 0.5, 0.5}, 1); }), kErrSubscript);
+    w.polygoon().orde = 5000.0f;
+    EXPECT_EQ(errorOf([&] { w.at({0.5, 0.5, 0.5, 0.5}, 1); }), kErrOutOfMemory);
+    w.polygoon().orde = 4.0f;
+    EXPECT_EQ(errorOf([&] { w.evaluator().bereken_punt(Array<double>(1.0), 0); }), kErrSubscript);
+}
+
+// Knot vectors that only a damaged file holds: falling, repeated, huge or not numbers at all.
+// Whatever they do to the recursion, the call ends, with a vector or a run-time error.
+TEST(Blossom, AnyKnotVectorEndsWithAVectorOrARunTimeError) {
+    std::mt19937 rng(7);
+    std::uniform_int_distribution<int> pick(0, 5);
+    const double specials[] = {0.0, 1.0, -1.0, 1e308, -1e308, std::nan("")};
+    int errors = 0;
+    for (int round = 0; round < 400; ++round) {
+        HeadlessWindow w;
+        const int k = 2 + round % 7;
+        randomCurve(w, rng, k, k + 3, KnotForm::kUniform);
+        std::uniform_real_distribution<double> value(-4.0, 4.0);
+        for (float i = 0; i <= w.vec().knopenlengte; ++i) {
+            w.vec().zet_knoop(i, pick(rng) == 0 ? specials[pick(rng)] : std::round(value(rng)));
+        }
+        std::vector<double> list(k);
+        for (double& v : list) {
+            v = std::round(value(rng));
+        }
+        errors += errorOf([&] { w.evaluator().blossom(listOf(list, k), 1 + pick(rng)); }) != 0;
+    }
+    EXPECT_GT(errors, 0);
+}
+
+}  // namespace
+}  // namespace zw
