@@ -107,22 +107,6 @@ void coordinaten::zet_orde() {
     window_.save();
 }
 
-Punt& coordinaten::punten(float index) {
-    std::unique_ptr<Punt>& slot = p_(index);
-    if (!slot) {
-        raise(kErrObjectNotSet);
-    }
-    return *slot;
-}
-
-const Punt& coordinaten::punten(float index) const {
-    const std::unique_ptr<Punt>& slot = p_(index);
-    if (!slot) {
-        raise(kErrObjectNotSet);
-    }
-    return *slot;
-}
-
 Punt coordinaten::zoek_coord(const Array<double>& tabel, float begin) const {
     GewichtenForm& gewichten = window_.gewichten();
     double sx = 0.0;

@@ -37,8 +37,16 @@ class coordinaten {
     // Bezier mode: the order becomes the number of points.
     void zet_orde();
     // The stored point itself, not a copy; an empty slot raises error 91.
-    Punt& punten(float index);
-    const Punt& punten(float index) const;
+    Punt& punten(float index) {
+        return const_cast<Punt&>(static_cast<const coordinaten&>(*this).punten(index));
+    }
+    const Punt& punten(float index) const {
+        const std::unique_ptr<Punt>& slot = p_(index);
+        if (!slot) {
+            raise(kErrObjectNotSet);
+        }
+        return *slot;
+    }
     // One rational curve point from the blending coefficients of the points begin, begin + 1, ...:
     // weighted by the weights window and rounded to whole canvas units.
     Punt zoek_coord(const Array<double>& tabel, float begin) const;

@@ -124,9 +124,11 @@ void KnoopVector::voeg_knooppunt_toe(double& t) {
     knopenlengte = addSingle(knopenlengte, 1.0f);
     knots_.redimPreserve(knopenlengte);
     double carry = t;
-    // One pass of insertion: every knot above t moves one place up, carried along in `carry`.
-    // The pass also visits the old spare slot, which must not exceed t.
-    forSingle(0.0f, addSingle(knopenlengte, -1.0f), 1.0f, [&](float i) {
+    // One pass of insertion over the old knots: every knot above t moves one place up, carried
+    // along in `carry`. The old spare slot is left out of the pass: it holds no knot, and a
+    // parameter below its 0.0 (open-uniform curves start at 1 - k) would otherwise take the
+    // place of the last knot.
+    forSingle(0.0f, addSingle(knopenlengte, -2.0f), 1.0f, [&](float i) {
         double& knot = knots_(i);
         if (knot == t) {
             t = checkedDouble(t + kKnotGap);

@@ -27,7 +27,7 @@ std::int16_t toInteger(double x) {
     return static_cast<std::int16_t>(r);
 }
 
-std::int32_t toLong(double x) {
+std::int32_t roundToLong(double x) {
     const double r = roundHalfEven(x);
     if (!(r >= -2147483648.0 && r <= 2147483647.0)) {
         raise(kErrOverflow);
@@ -43,37 +43,6 @@ float toSingle(double x) {
         raise(kErrOverflow);
     }
     return static_cast<float>(x);
-}
-
-double checkedDouble(double x) {
-    if (!std::isfinite(x)) {
-        raise(kErrOverflow);
-    }
-    return x;
-}
-
-double divide(double a, double b) {
-    if (b == 0.0) {
-        raise(a == 0.0 ? kErrOverflow : kErrDivisionByZero);
-    }
-    return checkedDouble(a / b);
-}
-
-namespace {
-float checkedSingle(float x) {
-    if (!std::isfinite(x)) {
-        raise(kErrOverflow);
-    }
-    return x;
-}
-}  // namespace
-
-float addSingle(float a, float b) {
-    return checkedSingle(a + b);
-}
-
-float multiplySingle(float a, float b) {
-    return checkedSingle(a * b);
 }
 
 float divideSingle(float a, float b) {

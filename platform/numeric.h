@@ -3,6 +3,7 @@
 // time raises where IEEE arithmetic would quietly give an infinity or a NaN.
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 
 #include "platform/runtime_error.h"
@@ -16,8 +17,20 @@ double roundHalfEven(double x);
 // CInt: rounded halves to even, error 6 outside -32768..32767 and for NaN.
 std::int16_t toInteger(double x);
 
-// CLng: rounded halves to even, error 6 outside the 32-bit range and for NaN.
-std::int32_t toLong(double x);
+// The general case of toLong: a value that is not already a whole number in range.
+std::int32_t roundToLong(double x);
+
+// CLng: rounded halves to even, error 6 outside the 32-bit range and for NaN. Whole numbers,
+// every array index in practice, take the inline road.
+inline std::int32_t toLong(double x) {
+    if (x >= -2147483648.0 && x <= 2147483647.0) {
+        const auto whole = static_cast<std::int32_t>(x);
+        if (static_cast<double>(whole) == x) {
+            return whole;
+        }
+    }
+    return roundToLong(x);
+}
 
 // CSng: the nearest Single; error 6 when the value does not fit a Single or is NaN.
 float toSingle(double x);
@@ -29,14 +42,36 @@ inline std::int32_t toIndex(double x) {
 }
 
 // The result of a Double computation: error 6 when it overflowed or became NaN.
-double checkedDouble(double x);
+inline double checkedDouble(double x) {
+    if (!std::isfinite(x)) {
+        raise(kErrOverflow);
+    }
+    return x;
+}
 
 // a / b with the classic faults: 0 / 0 overflows (6), x / 0 is division by zero (11).
-double divide(double a, double b);
+inline double divide(double a, double b) {
+    if (b == 0.0) {
+        raise(a == 0.0 ? kErrOverflow : kErrDivisionByZero);
+    }
+    return checkedDouble(a / b);
+}
+
+// A Single result: error 6 when it overflowed or became NaN.
+inline float checkedSingle(float x) {
+    if (!std::isfinite(x)) {
+        raise(kErrOverflow);
+    }
+    return x;
+}
 
 // Single arithmetic (Single op Single gives a Single), raising 6 when the result overflows.
-float addSingle(float a, float b);
-float multiplySingle(float a, float b);
+inline float addSingle(float a, float b) {
+    return checkedSingle(a + b);
+}
+inline float multiplySingle(float a, float b) {
+    return checkedSingle(a * b);
+}
 float divideSingle(float a, float b);
 
 // A For loop whose counter is a Single, as `For i = first To last Step step`: the limit and step

@@ -1,12 +1,12 @@
 #include "spline/blossom_engine.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 
 #include "platform/array.h"
 #include "platform/numeric.h"
 #include "platform/runtime_error.h"
-#include "knots/knoop_vector.h"
 
 namespace zw {
 
@@ -17,9 +17,16 @@ namespace {
 // out-of-stack error long before the stack is in danger.
 constexpr std::int32_t kMaxDepth = 4096;
 
-constexpr std::uint64_t kHashMultiplier = 0x9E3779B97F4A7C15ULL;
-
 }  // namespace
+
+void checkRecursionSize(std::int32_t k) {
+    if (k < 0) {
+        raise(kErrSubscript);
+    }
+    if (2.0 * k * k > static_cast<double>(kMaxArrayElements)) {
+        raise(kErrOutOfMemory);
+    }
+}
 
 BlossomEngine::BlossomEngine(const double* knots, std::size_t knotCount, float L, std::int32_t k,
                              float sigma)
@@ -28,22 +35,21 @@ BlossomEngine::BlossomEngine(const double* knots, std::size_t knotCount, float L
       L_(L),
       k_(k),
       sigma_(sigma),
+      wholeSigma_(sigma == std::floor(sigma) && std::fabs(sigma) < 1e9f),
       keyLength_(k > 1 ? static_cast<std::size_t>(k - 1) : 0),
       stride_(keyLength_ + static_cast<std::size_t>(k < 0 ? 0 : k) + 1) {
-    if (k < 0) {
-        raise(kErrSubscript);
+    checkRecursionSize(k);
+    if (wholeSigma_) {
+        sigmaIndex_ = static_cast<std::int32_t>(sigma);
     }
-    // Each of the k - 1 levels holds at least one list and its vector, 2k values: an order whose
-    // recursion cannot fit the array limit is refused before anything is allocated.
-    if (2.0 * k * k > static_cast<double>(kMaxArrayElements)) {
-        raise(kErrOutOfMemory);
+    // The run search visits knots 0, 1, ... while the index is below L.
+    const double visited = L > 0.0f ? std::ceil(static_cast<double>(L)) : 0.0;
+    searchable_ = static_cast<std::int32_t>(std::min(visited, static_cast<double>(knotCount)));
+    sorted_ = visited <= static_cast<double>(knotCount);
+    for (std::int32_t i = 1; sorted_ && i < searchable_; ++i) {
+        sorted_ = knots_[i - 1] <= knots_[i];  // false for NaN too
     }
-    table_.assign(64, -1);
-    hashes_.assign(64, 0);
-    // De Boor's triangle has k (k + 1) / 2 lists; larger orders than the editor offers grow.
-    const std::size_t expected = k <= 16 ? static_cast<std::size_t>(k) * (k + 1) / 2 + 1 : 137;
-    nodes_.reserve(expected * stride_);
-    lists_.reserve(2 * static_cast<std::size_t>(k) * keyLength_);
+    std::fill(slots_, slots_ + slotCount_, -1);
 }
 
 double BlossomEngine::knot(std::int64_t i) const {
@@ -53,150 +59,194 @@ double BlossomEngine::knot(std::int64_t i) const {
     return knots_[i];
 }
 
+double BlossomEngine::lastKnot() {
+    if (!haveLastKnot_) {
+        lastKnot_ = knot(toIndex(addSingle(L_, -1.0f)));
+        haveLastKnot_ = true;
+    }
+    return lastKnot_;
+}
+
 const double* BlossomEngine::evaluate(const double* args) {
     return vectorOf(evaluateList(args, 0));
 }
 
-std::uint64_t BlossomEngine::hashOf(const double* list) const {
+std::uint32_t BlossomEngine::hashOf(const double* list) const {
     std::uint64_t h = 0;
     for (std::size_t i = 0; i < keyLength_; ++i) {
         std::uint64_t bits;
         std::memcpy(&bits, &list[i], sizeof bits);
-        h = (h ^ bits) * kHashMultiplier;
+        h = (h ^ bits) * 0x9E3779B97F4A7C15ULL;
     }
-    return h ^ (h >> 29);
+    return static_cast<std::uint32_t>(h >> 32);
 }
 
 // Lists are compared bit for bit, so that a reused vector is exactly the one the list would give.
-std::int32_t BlossomEngine::find(const double* list, std::uint64_t hash) const {
-    const std::size_t mask = table_.size() - 1;
+std::int32_t BlossomEngine::lookup(const double* list, std::uint32_t hash) const {
+    const std::size_t mask = slotCount_ - 1;
     for (std::size_t slot = hash & mask;; slot = (slot + 1) & mask) {
-        const std::int32_t node = table_[slot];
+        const std::int32_t node = slots_[slot];
         if (node < 0) {
             return -1;
         }
-        if (hashes_[slot] == hash &&
-            std::memcmp(&nodes_[node * stride_], list, keyLength_ * sizeof(double)) == 0) {
+        if (std::memcmp(values_ + node * stride_, list, keyLength_ * sizeof(double)) == 0) {
             return node;
         }
     }
 }
 
-std::int32_t BlossomEngine::insert(const double* list, std::uint64_t hash) {
-    if ((nodes_.size() + stride_) > static_cast<std::size_t>(kMaxArrayElements)) {
-        raise(kErrOutOfMemory);
+std::int32_t BlossomEngine::insert(const double* list, std::uint32_t hash) {
+    if ((nodeCount_ + 1) * stride_ > valueCapacity_) {
+        growValues();
     }
-    if (static_cast<std::size_t>(nodeCount_ + 1) * 2 > table_.size()) {
-        grow();
+    if (static_cast<std::size_t>(nodeCount_ + 1) * 2 > slotCount_) {
+        growSlots();
     }
     const std::int32_t node = nodeCount_++;
-    nodes_.insert(nodes_.end(), list, list + keyLength_);
-    nodes_.resize(nodes_.size() + static_cast<std::size_t>(k_) + 1, 0.0);
-    const std::size_t mask = table_.size() - 1;
+    double* at = values_ + node * stride_;
+    std::copy(list, list + keyLength_, at);
+    std::fill(at + keyLength_, at + stride_, 0.0);
+    const std::size_t mask = slotCount_ - 1;
     std::size_t slot = hash & mask;
-    while (table_[slot] >= 0) {
+    while (slots_[slot] >= 0) {
         slot = (slot + 1) & mask;
     }
-    table_[slot] = node;
-    hashes_[slot] = hash;
+    slots_[slot] = node;
     return node;
 }
 
-void BlossomEngine::grow() {
-    std::vector<std::int32_t> oldTable(table_.size() * 2, -1);
-    std::vector<std::uint64_t> oldHashes(hashes_.size() * 2, 0);
-    oldTable.swap(table_);
-    oldHashes.swap(hashes_);
-    const std::size_t mask = table_.size() - 1;
-    for (std::size_t i = 0; i < oldTable.size(); ++i) {
-        if (oldTable[i] < 0) {
-            continue;
-        }
-        std::size_t slot = oldHashes[i] & mask;
-        while (table_[slot] >= 0) {
+void BlossomEngine::growValues() {
+    const std::size_t capacity = valueCapacity_ * 2;
+    if (capacity > static_cast<std::size_t>(kMaxArrayElements)) {
+        raise(kErrOutOfMemory);
+    }
+    std::vector<double> grown(capacity);
+    std::copy(values_, values_ + nodeCount_ * stride_, grown.begin());
+    heapValues_.swap(grown);
+    values_ = heapValues_.data();
+    valueCapacity_ = capacity;
+}
+
+void BlossomEngine::growSlots() {
+    std::vector<std::int32_t> grown(slotCount_ * 2, -1);
+    const std::size_t mask = grown.size() - 1;
+    for (std::int32_t node = 0; node < nodeCount_; ++node) {
+        std::size_t slot = hashOf(values_ + node * stride_) & mask;
+        while (grown[slot] >= 0) {
             slot = (slot + 1) & mask;
         }
-        table_[slot] = oldTable[i];
-        hashes_[slot] = oldHashes[i];
+        grown[slot] = node;
     }
+    heapSlots_.swap(grown);
+    slots_ = heapSlots_.data();
+    slotCount_ = heapSlots_.size();
 }
 
 double* BlossomEngine::listAt(std::int32_t depth, int which) {
     const std::size_t offset = (static_cast<std::size_t>(depth) * 2 + which) * keyLength_;
-    if (offset + keyLength_ > lists_.size()) {
-        lists_.resize(offset + 2 * keyLength_ + 8 * keyLength_);
+    if (offset + keyLength_ > listCapacity_) {
+        std::vector<double> grown(std::max(listCapacity_ * 2, offset + keyLength_));
+        std::copy(lists_, lists_ + listCapacity_, grown.begin());
+        heapLists_.swap(grown);
+        lists_ = heapLists_.data();
+        listCapacity_ = heapLists_.size();
     }
-    return &lists_[offset];
+    return lists_ + offset;
+}
+
+// The first knot index whose knot is not below v, as the linear scan from knot 0 finds it.
+std::int32_t BlossomEngine::firstKnotNotBelow(double v) const {
+    if (sorted_) {
+        return static_cast<std::int32_t>(std::lower_bound(knots_, knots_ + searchable_, v) - knots_);
+    }
+    std::int32_t i = 0;
+    while (static_cast<float>(i) < L_ && knot(i) < v) {
+        ++i;
+    }
+    return i;
+}
+
+// The run search of the knot vector: on return `run` is the number of leading arguments that
+// equal consecutive knots (0 when the first is no knot) and the result the index after them.
+std::int32_t BlossomEngine::runAfter(std::int32_t first, const double* list,
+                                     std::int32_t& run) const {
+    if (list[0] < knot(first)) {
+        run = 0;
+        return first;
+    }
+    const std::int32_t wanted = k_ - 1;
+    std::int32_t j = 1;
+    while (j < wanted && knot(std::int64_t{first} + j) == list[j]) {
+        ++j;
+    }
+    run = j;
+    return first + j;
 }
 
 std::int32_t BlossomEngine::evaluateList(const double* list, std::int32_t depth) {
     if (depth > kMaxDepth) {
         raise(kErrOutOfStack);
     }
-    const std::uint64_t hash = hashOf(list);
+    const std::uint32_t hash = hashOf(list);
     if (depth > 0) {
-        const std::int32_t known = find(list, hash);
+        const std::int32_t known = lookup(list, hash);
         if (known >= 0) {
             return known;
         }
     }
     const std::int32_t node = insert(list, hash);
     const std::int32_t k = k_;
-    // A list of k - 1 arguments; with k = 1 the run search still reads the first entry.
-    const std::size_t listSize = keyLength_ > 0 ? keyLength_ : 1;
-    const double* args = depth == 0 ? list : &nodes_[node * stride_];
+    const double* args = depth == 0 ? list : values_ + node * stride_;
 
-    float q = static_cast<float>(k - 1);
-    const std::int32_t r = vergelijkRun(knots_, knotCount_, L_, args, listSize, q);
-    const std::int32_t run = static_cast<std::int32_t>(q);
-
-    // Past the end: the run reaches the last knot.
-    const bool settled = run > 0 && args[run - 1] >= knot(toIndex(addSingle(L_, -1.0f)));
-    // Before the start: the list starts at or below the first knot.
-    if (settled || args[0] <= knot(0)) {
+    std::int32_t run = 0;
+    const std::int32_t r = runAfter(firstKnotNotBelow(args[0]), args, run);
+    // Past the end (the run reaches the last knot) or before the start: the zero vector.
+    if ((run > 0 && args[run - 1] >= lastKnot()) || args[0] <= knot(0)) {
         return node;
     }
-    if (run < k - 1) {
-        // Affine in the last argument u, written between the knots B and A around the run.
-        const double A = knot(r);
-        const double B = knot(std::int64_t{r} - run - 1);
-        const double u = args[k - 2];
-        double* a1 = listAt(depth, 0);
-        double* a2 = listAt(depth, 1);
-        // B, then all arguments but the last.
-        a1[0] = B;
-        for (std::int32_t i = k - 2; i >= 1; --i) {
-            a1[i] = args[i - 1];
-        }
-        // The run, A, then the remaining arguments but the last.
-        for (std::int32_t i = 0; i < run; ++i) {
-            a2[i] = args[i];
-        }
-        a2[run] = A;
-        for (std::int32_t i = run + 1; i <= k - 2; ++i) {
-            a2[i] = args[i - 1];
-        }
-        const std::int32_t c1 = evaluateList(listAt(depth, 0), depth + 1);
-        const std::int32_t c2 = evaluateList(listAt(depth, 1), depth + 1);
-        const double wa = divide(checkedDouble(A - u), checkedDouble(A - B));
-        const double wb = divide(checkedDouble(u - B), checkedDouble(A - B));
-        const double* v1 = vectorOf(c1);
-        const double* v2 = vectorOf(c2);
-        double* c = vectorOf(node);
-        for (std::int32_t i = 0; i < k; ++i) {
-            c[i] = checkedDouble(v2[i] * wb + v1[i] * wa);
-        }
+    if (run >= k - 1) {
+        terminal(args, vectorOf(node));
         return node;
     }
-    // The arguments are consecutive knots: the blossom of control point sigma - 1 + j, whose
-    // list starts at knot sigma + j.
+    // Affine in the last argument u, written between the knots B and A around the run.
+    const double A = knot(r);
+    const double B = knot(std::int64_t{r} - run - 1);
+    const double u = args[k - 2];
+    double* a1 = listAt(depth, 0);
+    double* a2 = listAt(depth, 1);
+    // B, then all arguments but the last.
+    a1[0] = B;
+    std::copy(args, args + (k - 2), a1 + 1);
+    // The run, A, then the remaining arguments but the last.
+    std::copy(args, args + run, a2);
+    a2[run] = A;
+    std::copy(args + run, args + (k - 2), a2 + run + 1);
+
+    const std::int32_t c1 = evaluateList(listAt(depth, 0), depth + 1);
+    const std::int32_t c2 = evaluateList(listAt(depth, 1), depth + 1);
+    const double wa = divide(checkedDouble(A - u), checkedDouble(A - B));
+    const double wb = divide(checkedDouble(u - B), checkedDouble(A - B));
+    const double* v1 = vectorOf(c1);
+    const double* v2 = vectorOf(c2);
+    double* c = vectorOf(node);
+    for (std::int32_t i = 0; i < k; ++i) {
+        c[i] = checkedDouble(v2[i] * wb + v1[i] * wa);
+    }
+    return node;
+}
+
+// The arguments are consecutive knots: the blossom of control point sigma - 1 + j, whose list
+// starts at knot sigma + j. With no match j is k and the 1.0 lands in the spare entry, where it
+// weighs no control point.
+void BlossomEngine::terminal(const double* args, double* c) const {
     std::int32_t j = 0;
-    while (j < k) {
-        const float index = static_cast<float>(j) + sigma_;
-        if (index > 0.0f && args[0] == knot(toIndex(index))) {
+    for (; j < k_; ++j) {
+        const std::int64_t index =
+            wholeSigma_ ? std::int64_t{sigmaIndex_} + j : toIndex(static_cast<float>(j) + sigma_);
+        if ((wholeSigma_ ? index > 0 : static_cast<float>(j) + sigma_ > 0.0f) &&
+            args[0] == knot(index)) {
             break;
         }
-        ++j;
     }
     if (sigma_ < 0.0f) {
         --j;
@@ -204,9 +254,7 @@ std::int32_t BlossomEngine::evaluateList(const double* list, std::int32_t depth)
     if (j < 0) {
         raise(kErrSubscript);
     }
-    // With no match j is k: the 1.0 lands in the spare entry and weighs no control point.
-    vectorOf(node)[j] = 1.0;
-    return node;
+    c[j] = 1.0;
 }
 
 }  // namespace zw

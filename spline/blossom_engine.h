@@ -17,41 +17,73 @@
 
 namespace zw {
 
+// The recursion of order k must fit the array limit: each of its k - 1 levels holds at least one
+// list and its vector, 2k values. Raises error 9 for a negative order, 7 for one too large.
+void checkRecursionSize(std::int32_t k);
+
 class BlossomEngine {
   public:
     // `knots` holds `knotCount` values (the knots and the spare slot), of which the first `L`
-    // are knots; k is the order, sigma the segment number.
+    // are knots; k is the order, sigma the segment number. Orders whose recursion cannot fit the
+    // array limit raise error 7, negative ones error 9.
     BlossomEngine(const double* knots, std::size_t knotCount, float L, std::int32_t k,
                   float sigma);
+    BlossomEngine(const BlossomEngine&) = delete;
+    BlossomEngine& operator=(const BlossomEngine&) = delete;
 
     // The coefficient vector (k + 1 entries) of the argument list `args` (at least
     // max(1, k - 1) entries). Valid until the next call.
     const double* evaluate(const double* args);
 
   private:
-    // Node indexes into nodes_; a node is its list (k - 1 entries) then its vector (k + 1).
+    // Nodes are numbered in order of creation; node i keeps its list (k - 1 values) and then its
+    // vector (k + 1 values) at values_[i * stride_].
     std::int32_t evaluateList(const double* list, std::int32_t depth);
-    std::int32_t find(const double* list, std::uint64_t hash) const;
-    std::int32_t insert(const double* list, std::uint64_t hash);
-    std::uint64_t hashOf(const double* list) const;
-    void grow();
+    std::int32_t lookup(const double* list, std::uint32_t hash) const;
+    std::int32_t insert(const double* list, std::uint32_t hash);
+    std::uint32_t hashOf(const double* list) const;
+    std::int32_t firstKnotNotBelow(double v) const;
+    std::int32_t runAfter(std::int32_t first, const double* list, std::int32_t& run) const;
+    void terminal(const double* list, double* c) const;
     double knot(std::int64_t i) const;
-    double* vectorOf(std::int32_t node) { return &nodes_[node * stride_ + keyLength_]; }
+    double lastKnot();
+    double* vectorOf(std::int32_t node) { return values_ + node * stride_ + keyLength_; }
     double* listAt(std::int32_t depth, int which);
+    void growValues();
+    void growSlots();
 
     const double* knots_;
     std::size_t knotCount_;
     float L_;
     std::int32_t k_;
     float sigma_;
+    bool wholeSigma_;
+    std::int32_t sigmaIndex_ = 0;
     std::size_t keyLength_;  // k - 1
     std::size_t stride_;     // (k - 1) + (k + 1)
+    // The knots that the run search visits, and whether they are sorted (then it may bisect).
+    std::int32_t searchable_ = 0;
+    bool sorted_ = false;
+    bool haveLastKnot_ = false;
+    double lastKnot_ = 0.0;
 
-    std::vector<double> nodes_;
+    // Storage: inline for the orders the editor offers, on the heap beyond them.
+    static constexpr std::size_t kInlineValues = 1024;
+    static constexpr std::size_t kInlineSlots = 128;
+    static constexpr std::size_t kInlineLists = 256;
+    double inlineValues_[kInlineValues];
+    std::int32_t inlineSlots_[kInlineSlots];
+    double inlineLists_[kInlineLists];
+    std::vector<double> heapValues_;
+    std::vector<std::int32_t> heapSlots_;
+    std::vector<double> heapLists_;
+    double* values_ = inlineValues_;
+    std::size_t valueCapacity_ = kInlineValues;
+    std::int32_t* slots_ = inlineSlots_;
+    std::size_t slotCount_ = kInlineSlots;
+    double* lists_ = inlineLists_;
+    std::size_t listCapacity_ = kInlineLists;
     std::int32_t nodeCount_ = 0;
-    std::vector<std::int32_t> table_;  // open addressing, -1 = empty
-    std::vector<std::uint64_t> hashes_;
-    std::vector<double> lists_;  // two child lists per recursion depth
 };
 
 }  // namespace zw

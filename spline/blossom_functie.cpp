@@ -1,11 +1,13 @@
 #include "spline/blossom_functie.h"
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 
 #include "knots/knoop_vector.h"
 #include "platform/numeric.h"
 #include "spline/blossom_engine.h"
+#include "spline/point_blossom.h"
 #include "spline/parameter_search.h"
 
 namespace zw {
@@ -23,17 +25,22 @@ BlossomFunctie::BlossomFunctie(MainWindow& window)
 Array<double> BlossomFunctie::blossom(const Array<double>& argumentenlijst, float segment) const {
     const std::int32_t k = wholeOrder(window_.polygoon().orde);
     Array<double> c(k);
-    const KnoopVector& vec = window_.vec();
-    const Array<double>& knopen = vec.knopen();
-    BlossomEngine engine(knopen.data(), knopen.size(), vec.knopenlengte, k, segment);
+    checkRecursionSize(k);
     // The recursion reads the first k - 1 arguments, and at least the first.
     const std::size_t needed = k > 1 ? static_cast<std::size_t>(k - 1) : 1;
     if (argumentenlijst.size() < needed) {
         raise(kErrSubscript);
     }
-    const double* result = engine.evaluate(argumentenlijst.data());
-    for (std::int32_t i = 0; i <= k; ++i) {
-        c(i) = result[i];
+    const KnoopVector& vec = window_.vec();
+    const Array<double>& knopen = vec.knopen();
+    PointBlossom point(knopen.data(), knopen.size(), vec.knopenlengte, k, segment);
+    const double* result = point.evaluate(argumentenlijst.data());
+    if (result == nullptr) {
+        BlossomEngine engine(knopen.data(), knopen.size(), vec.knopenlengte, k, segment);
+        result = engine.evaluate(argumentenlijst.data());
+        std::copy(result, result + k + 1, &c(0.0));
+    } else {
+        std::copy(result, result + k + 1, &c(0.0));
     }
     return c;
 }
@@ -62,14 +69,16 @@ Punt BlossomFunctie::bereken_punt(const Array<double>& coefficienten, float begi
     const coordinaten& polygon = window_.polygoon();
     double x = 0.0;
     double y = 0.0;
-    forSingle(0.0f, addSingle(polygon.orde, -1.0f), 1.0f, [&](float i) {
+    const float last = addSingle(polygon.orde, -1.0f);
+    for (float i = 0.0f; i <= last; i = addSingle(i, 1.0f)) {
         const float index = addSingle(begin, i);
         if (index <= polygon.graad) {
             const Punt& p = polygon.punten(index);
-            x = checkedDouble(x + coefficienten(i) * p.X);
-            y = checkedDouble(y + coefficienten(i) * p.Y);
+            const double c = coefficienten(i);
+            x = checkedDouble(x + c * p.X);
+            y = checkedDouble(y + c * p.Y);
         }
-    });
+    }
     Punt punt;
     punt.vulpunt(toSingle(x), toSingle(y));
     return punt;

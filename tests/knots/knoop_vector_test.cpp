@@ -79,8 +79,8 @@ TEST(KnoopVector, InsertionKeepsTheVectorStrictlyIncreasing) {
         {1.0, {0, 1, 1.000001, 2, 3}, 1.000001},
         {1.5, {0, 1, 1.5, 2, 3}, 1.5},
         {3.5, {0, 1, 2, 3, 3.5}, 3.5},
-        // The pass also meets the old spare slot (0.0); a t below it takes the last knot's place.
-        {-1.0, {-1, 0, 1, 2, 0}, -1.0},
+        {-1.0, {-1, 0, 1, 2, 3}, -1.0},
+        {3.0, {0, 1, 2, 3, 3.000001}, 3.000001},
     };
     for (const Case& c : cases) {
         Knots knots(2, 1, {0, 1, 2, 3});

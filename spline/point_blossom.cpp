@@ -1,0 +1,136 @@
+#include "spline/point_blossom.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+#include "platform/array.h"
+#include "platform/numeric.h"
+#include "platform/runtime_error.h"
+
+namespace zw {
+
+PointBlossom::PointBlossom(const double* knots, std::size_t knotCount, float L, std::int32_t k,
+                           float sigma)
+    : knots_(knots), knotCount_(knotCount), L_(L), k_(k), sigma_(sigma) {}
+
+bool PointBlossom::applies(const double* args) {
+    if (k_ < 2 || !(sigma_ == std::floor(sigma_)) || std::fabs(sigma_) > 1e9f) {
+        return false;
+    }
+    if (!(L_ == std::floor(L_)) || L_ < 2.0f || static_cast<double>(L_) >= knotCount_) {
+        return false;
+    }
+    t_ = args[0];
+    for (std::int32_t i = 1; i < k_ - 1; ++i) {
+        if (std::memcmp(&args[i], &t_, sizeof t_) != 0) {
+            return false;
+        }
+    }
+    const auto count = static_cast<std::int32_t>(L_);
+    lastKnot_ = knots_[count - 1];
+    // t strictly between two knots, inside the vector.
+    if (!(t_ > knots_[0] && t_ < lastKnot_)) {
+        return false;
+    }
+    // The run search of every list the walk meets starts at a knot s <= top and must find the
+    // first knot not below it at s itself: the knots up to top must increase strictly.
+    top_ = 1;
+    while (knots_[top_] < t_) {
+        if (!(knots_[top_ - 1] < knots_[top_])) {
+            return false;
+        }
+        ++top_;
+    }
+    return knots_[top_ - 1] < knots_[top_] && knots_[top_] != t_;
+}
+
+const double* PointBlossom::evaluate(const double* args) {
+    if (!applies(args)) {
+        return nullptr;
+    }
+    const auto k = static_cast<std::size_t>(k_);
+    const std::size_t nodes = k * (k + 1) / 2;
+    if (static_cast<double>(nodes) * (k + 1) > static_cast<double>(kMaxArrayElements)) {
+        return nullptr;  // the general recursion decides whether such an order fits at all
+    }
+    if (nodes > kInlineNodes || nodes * (k + 1) > kInlineValues) {
+        heapValues_.assign(nodes * (k + 1), 0.0);
+        heapDone_.assign(nodes, 0);
+        values_ = heapValues_.data();
+        done_ = reinterpret_cast<bool*>(heapDone_.data());
+    }
+    std::fill(done_, done_ + nodes, false);
+    try {
+        return node(0, top_);
+    } catch (const Deviation&) {
+        return nullptr;
+    }
+}
+
+// The list at depth d starting at knot s: knots s .. s + d - 1, then t (the root is all t, with
+// s the first knot above t). Its run is those d knots, the knot after it s + d, before it s - 1.
+const double* PointBlossom::node(std::int32_t d, std::int32_t s) {
+    const auto k = static_cast<std::size_t>(k_);
+    const std::size_t slot = static_cast<std::size_t>(d) * (d + 1) / 2 +
+                             static_cast<std::size_t>(s - (top_ - d));
+    double* c = values_ + slot * (k + 1);
+    if (done_[slot]) {
+        return c;
+    }
+    done_[slot] = true;
+    const std::int32_t last = k_ - 1;
+    // The run search compares the knot after the run with t; the walk assumes they differ.
+    if (d < last && knot(std::int64_t{s} + d) == t_) {
+        throw Deviation{};
+    }
+    const double first = d == 0 ? t_ : knots_[s];
+    // Past the end (the run reaches the last knot) or before the start: the zero vector.
+    if ((d > 0 && knots_[s + d - 1] >= lastKnot_) || first <= knots_[0]) {
+        std::fill(c, c + k + 1, 0.0);
+        return c;
+    }
+    if (d == last) {
+        terminal(s, c);
+        return c;
+    }
+    const double A = knots_[s + d];
+    const double B = knots_[s - 1];
+    const double u = t_;
+    const double* c1 = node(d + 1, s - 1);
+    const double* c2 = node(d + 1, s);
+    const double wa = divide(checkedDouble(A - u), checkedDouble(A - B));
+    const double wb = divide(checkedDouble(u - B), checkedDouble(A - B));
+    for (std::int32_t i = 0; i < k_; ++i) {
+        c[i] = checkedDouble(c2[i] * wb + c1[i] * wa);
+    }
+    c[k_] = 0.0;
+    return c;
+}
+
+// The terminal search of the recursion: the list's knots are those of control point
+// sigma - 1 + j when its first one is knot sigma + j.
+void PointBlossom::terminal(std::int32_t s, double* c) const {
+    std::fill(c, c + k_ + 1, 0.0);
+    const auto sigma = static_cast<std::int64_t>(sigma_);
+    // With strictly increasing knots the search stops where knot sigma + j is knot s itself;
+    // every knot it passes on the way is a real one below knot s.
+    std::int64_t j = s - sigma;
+    if (j < 0 || j >= k_) {
+        const double first = knots_[s];
+        for (j = 0; j < k_; ++j) {
+            if (sigma + j > 0 && first == knot(sigma + j)) {
+                break;
+            }
+        }
+    }
+    if (sigma_ < 0.0f) {
+        --j;
+    }
+    if (j < 0) {
+        raise(kErrSubscript);
+    }
+    c[j] = 1.0;
+}
+
+}  // namespace zw
