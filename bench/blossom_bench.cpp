@@ -120,8 +120,34 @@ void BM_Sisl(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations());
 }
 
+// The parameter search behind a click on the curve: the canvas point is a curve point moved
+// aside, so that the search has to tell competing pieces apart.
+void BM_ZoekTwaarde(benchmark::State& state) {
+    const int k = static_cast<int>(state.range(0));
+    Curve curve(k);
+    zw::HeadlessWindow& w = curve.w;
+    std::vector<zw::Punt> clicks;
+    zw::Array<double> args(k - 1);
+    for (std::size_t i = 0; i < 16; ++i) {
+        for (int j = 0; j < k; ++j) {
+            args(j) = curve.ts[i];
+        }
+        const float sigma = curve.segments[i];
+        const zw::Punt p = w.evaluator().bereken_punt(w.evaluator().blossom(args, sigma), sigma - 1);
+        clicks.emplace_back(p.X + 150.0f, p.Y - 100.0f);
+    }
+    std::size_t i = 0;
+    for (auto _ : state) {
+        double t = 0.0;
+        w.evaluator().zoek_twaarde(clicks[i++ % clicks.size()], t);
+        benchmark::DoNotOptimize(t);
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+
 BENCHMARK(BM_Blossom)->DenseRange(2, 8)->Unit(benchmark::kNanosecond);
 BENCHMARK(BM_BlossomInSegment)->DenseRange(2, 8)->Unit(benchmark::kNanosecond);
 BENCHMARK(BM_Sisl)->DenseRange(2, 8)->Unit(benchmark::kNanosecond);
+BENCHMARK(BM_ZoekTwaarde)->Arg(2)->Arg(4)->Arg(8)->Unit(benchmark::kMicrosecond);
 
 }  // namespace

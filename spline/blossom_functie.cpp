@@ -33,15 +33,16 @@ Array<double> BlossomFunctie::blossom(const Array<double>& argumentenlijst, floa
     }
     const KnoopVector& vec = window_.vec();
     const Array<double>& knopen = vec.knopen();
+    // Curve points take the direct walk; every other list, and every curve point the walk does
+    // not cover, the general recursion. Both give the recursion's vector bit for bit.
     PointBlossom point(knopen.data(), knopen.size(), vec.knopenlengte, k, segment);
-    const double* result = point.evaluate(argumentenlijst.data());
-    if (result == nullptr) {
-        BlossomEngine engine(knopen.data(), knopen.size(), vec.knopenlengte, k, segment);
-        result = engine.evaluate(argumentenlijst.data());
+    if (const double* result = point.evaluate(argumentenlijst.data())) {
         std::copy(result, result + k + 1, &c(0.0));
-    } else {
-        std::copy(result, result + k + 1, &c(0.0));
+        return c;
     }
+    BlossomEngine engine(knopen.data(), knopen.size(), vec.knopenlengte, k, segment);
+    const double* result = engine.evaluate(argumentenlijst.data());
+    std::copy(result, result + k + 1, &c(0.0));
     return c;
 }
 

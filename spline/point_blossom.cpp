@@ -60,12 +60,62 @@ const double* PointBlossom::evaluate(const double* args) {
         values_ = heapValues_.data();
         done_ = reinterpret_cast<bool*>(heapDone_.data());
     }
+    if (whole()) {
+        return triangle();
+    }
     std::fill(done_, done_ + nodes, false);
     try {
         return node(0, top_);
     } catch (const Deviation&) {
         return nullptr;
     }
+}
+
+// Every list of the triangle is reached and none is cut short: the windows all start after knot
+// 0, none reaches the last knot, and every knot they read increases strictly past t. The
+// terminal lists then name control points top - k + 1 - sigma + m, and the triangle is reduced
+// row by row, bottom up, with the recursion's arithmetic: any error it meets, the recursion meets
+// as well.
+bool PointBlossom::whole() const {
+    const std::int32_t k = k_;
+    const std::int32_t lowest = top_ - k + 1;
+    const std::int32_t highest = top_ + k - 2;  // the last knot a window or an A reads
+    if (lowest < 1 || static_cast<std::size_t>(highest) >= knotCount_ || sigma_ < 0.0f ||
+        static_cast<std::int64_t>(sigma_) != lowest) {
+        return false;
+    }
+    for (std::int32_t i = top_ + 1; i <= highest; ++i) {
+        if (!(knots_[i - 1] < knots_[i])) {
+            return false;
+        }
+    }
+    return knots_[highest] < lastKnot_;
+}
+
+const double* PointBlossom::triangle() {
+    const std::int32_t k = k_;
+    const std::size_t stride = static_cast<std::size_t>(k) + 1;
+    // Row m holds the list starting at knot top - d + m of the current depth d.
+    std::fill(values_, values_ + static_cast<std::size_t>(k) * stride, 0.0);
+    for (std::int32_t m = 0; m < k; ++m) {
+        values_[m * stride + m] = 1.0;
+    }
+    const double u = t_;
+    for (std::int32_t d = k - 2; d >= 0; --d) {
+        for (std::int32_t m = 0; m <= d; ++m) {
+            const std::int32_t s = top_ - d + m;
+            const double A = knots_[s + d];
+            const double B = knots_[s - 1];
+            const double wa = divide(checkedDouble(A - u), checkedDouble(A - B));
+            const double wb = divide(checkedDouble(u - B), checkedDouble(A - B));
+            double* c1 = values_ + m * stride;
+            const double* c2 = c1 + stride;
+            for (std::int32_t i = 0; i < k; ++i) {
+                c1[i] = checkedDouble(c2[i] * wb + c1[i] * wa);
+            }
+        }
+    }
+    return values_;
 }
 
 // The list at depth d starting at knot s: knots s .. s + d - 1, then t (the root is all t, with

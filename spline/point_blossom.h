@@ -33,6 +33,8 @@ class PointBlossom {
   private:
     struct Deviation {};
 
+    bool whole() const;
+    const double* triangle();
     const double* node(std::int32_t depth, std::int32_t s);
     void terminal(std::int32_t s, double* c) const;
     double knot(std::int64_t i) const {
