@@ -44,28 +44,12 @@ struct Curve {
     std::vector<float> segments;
 };
 
-// The point at a parameter: the segment searched among the knots, as SISL searches its interval.
-void BM_Blossom(benchmark::State& state) {
-    const int k = static_cast<int>(state.range(0));
-    Curve curve(k);
-    zw::HeadlessWindow& w = curve.w;
-    zw::Array<double> args(k - 1);
-    std::size_t i = 0;
-    for (auto _ : state) {
-        const double t = curve.ts[i++ % kParameters];
-        for (int j = 0; j < k; ++j) {
-            args(j) = t;
-        }
-        const float sigma = w.vec().geef_segment(t);
-        const zw::Array<double> c = w.evaluator().blossom(args, sigma);
-        zw::Punt p = w.evaluator().bereken_punt(c, sigma - 1.0f);
-        benchmark::DoNotOptimize(p);
-    }
-    state.SetItemsProcessed(state.iterations());
-}
-
-// The point of a known segment, as the curve drawing evaluates it segment by segment.
-void BM_BlossomInSegment(benchmark::State& state) {
+// One curve point per iteration: the argument list of k - 1 equal parameters, blossoming and the
+// combination of the control points. With `search` the segment is searched among the knots, as
+// SISL searches its interval; without, it is known, as in the curve drawing, which evaluates
+// segment by segment.
+template <bool search>
+void pointsOfCurve(benchmark::State& state) {
     const int k = static_cast<int>(state.range(0));
     Curve curve(k);
     zw::HeadlessWindow& w = curve.w;
@@ -73,7 +57,8 @@ void BM_BlossomInSegment(benchmark::State& state) {
     std::size_t i = 0;
     for (auto _ : state) {
         const double t = curve.ts[i % kParameters];
-        const float sigma = curve.segments[i++ % kParameters];
+        const float sigma = search ? w.vec().geef_segment(t) : curve.segments[i % kParameters];
+        ++i;
         for (int j = 0; j < k; ++j) {
             args(j) = t;
         }
@@ -82,6 +67,14 @@ void BM_BlossomInSegment(benchmark::State& state) {
         benchmark::DoNotOptimize(p);
     }
     state.SetItemsProcessed(state.iterations());
+}
+
+void BM_Blossom(benchmark::State& state) {
+    pointsOfCurve<true>(state);
+}
+
+void BM_BlossomInSegment(benchmark::State& state) {
+    pointsOfCurve<false>(state);
 }
 
 struct CurveDeleter {

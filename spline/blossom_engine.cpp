@@ -35,13 +35,9 @@ BlossomEngine::BlossomEngine(const double* knots, std::size_t knotCount, float L
       L_(L),
       k_(k),
       sigma_(sigma),
-      wholeSigma_(sigma == std::floor(sigma) && std::fabs(sigma) < 1e9f),
       keyLength_(k > 1 ? static_cast<std::size_t>(k - 1) : 0),
       stride_(keyLength_ + static_cast<std::size_t>(k < 0 ? 0 : k) + 1) {
     checkRecursionSize(k);
-    if (wholeSigma_) {
-        sigmaIndex_ = static_cast<std::int32_t>(sigma);
-    }
     // The run search visits knots 0, 1, ... while the index is below L.
     const double visited = L > 0.0f ? std::ceil(static_cast<double>(L)) : 0.0;
     searchable_ = static_cast<std::int32_t>(std::min(visited, static_cast<double>(knotCount)));
@@ -205,7 +201,8 @@ std::int32_t BlossomEngine::evaluateList(const double* list, std::int32_t depth)
         return node;
     }
     if (run >= k - 1) {
-        terminal(args, vectorOf(node));
+        terminalVector(terminalSearch(knots_, knotCount_, args[0], sigma_, k), sigma_, k,
+                       vectorOf(node));
         return node;
     }
     // Affine in the last argument u, written between the knots B and A around the run.
@@ -235,25 +232,35 @@ std::int32_t BlossomEngine::evaluateList(const double* list, std::int32_t depth)
     return node;
 }
 
-// The arguments are consecutive knots: the blossom of control point sigma - 1 + j, whose list
-// starts at knot sigma + j. With no match j is k and the 1.0 lands in the spare entry, where it
-// weighs no control point.
-void BlossomEngine::terminal(const double* args, double* c) const {
+std::int32_t terminalSearch(const double* knots, std::size_t knotCount, double first, float sigma,
+                            std::int32_t k) {
+    const bool whole = sigma == std::floor(sigma) && std::fabs(sigma) < 1e9f;
     std::int32_t j = 0;
-    for (; j < k_; ++j) {
+    for (; j < k; ++j) {
+        const float at = static_cast<float>(j) + sigma;
+        if (!(whole ? std::int64_t{j} + static_cast<std::int64_t>(sigma) > 0 : at > 0.0f)) {
+            continue;
+        }
         const std::int64_t index =
-            wholeSigma_ ? std::int64_t{sigmaIndex_} + j : toIndex(static_cast<float>(j) + sigma_);
-        if ((wholeSigma_ ? index > 0 : static_cast<float>(j) + sigma_ > 0.0f) &&
-            args[0] == knot(index)) {
+            whole ? std::int64_t{j} + static_cast<std::int64_t>(sigma) : toIndex(at);
+        if (index < 0 || static_cast<std::size_t>(index) >= knotCount) {
+            raise(kErrSubscript);
+        }
+        if (first == knots[index]) {
             break;
         }
     }
-    if (sigma_ < 0.0f) {
+    return j;
+}
+
+void terminalVector(std::int32_t j, float sigma, std::int32_t k, double* c) {
+    if (sigma < 0.0f) {
         --j;
     }
     if (j < 0) {
         raise(kErrSubscript);
     }
+    std::fill(c, c + k + 1, 0.0);
     c[j] = 1.0;
 }
 

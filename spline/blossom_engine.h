@@ -21,6 +21,16 @@ namespace zw {
 // list and its vector, 2k values. Raises error 9 for a negative order, 7 for one too large.
 void checkRecursionSize(std::int32_t k);
 
+// The terminal case, where the arguments are consecutive knots starting with `first`: they are
+// the blossom of control point sigma - 1 + j when knot sigma + j is `first`. Returns that j, or k
+// when no knot sigma .. sigma + k - 1 matches.
+std::int32_t terminalSearch(const double* knots, std::size_t knotCount, double first, float sigma,
+                            std::int32_t k);
+// The terminal vector (k + 1 entries) with its 1.0 at entry j, which a negative segment number
+// lowers by one. Without a match (j = k) the 1.0 lands in the spare entry, where it weighs no
+// control point.
+void terminalVector(std::int32_t j, float sigma, std::int32_t k, double* c);
+
 class BlossomEngine {
   public:
     // `knots` holds `knotCount` values (the knots and the spare slot), of which the first `L`
@@ -44,7 +54,6 @@ class BlossomEngine {
     std::uint32_t hashOf(const double* list) const;
     std::int32_t firstKnotNotBelow(double v) const;
     std::int32_t runAfter(std::int32_t first, const double* list, std::int32_t& run) const;
-    void terminal(const double* list, double* c) const;
     double knot(std::int64_t i) const;
     double lastKnot();
     double* vectorOf(std::int32_t node) { return values_ + node * stride_ + keyLength_; }
@@ -57,8 +66,6 @@ class BlossomEngine {
     float L_;
     std::int32_t k_;
     float sigma_;
-    bool wholeSigma_;
-    std::int32_t sigmaIndex_ = 0;
     std::size_t keyLength_;  // k - 1
     std::size_t stride_;     // (k - 1) + (k + 1)
     // The knots that the run search visits, and whether they are sorted (then it may bisect).

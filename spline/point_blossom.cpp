@@ -7,6 +7,7 @@
 #include "platform/array.h"
 #include "platform/numeric.h"
 #include "platform/runtime_error.h"
+#include "spline/blossom_engine.h"
 
 namespace zw {
 
@@ -158,29 +159,14 @@ const double* PointBlossom::node(std::int32_t d, std::int32_t s) {
     return c;
 }
 
-// The terminal search of the recursion: the list's knots are those of control point
-// sigma - 1 + j when its first one is knot sigma + j.
+// With strictly increasing knots the terminal search stops where knot sigma + j is knot s itself,
+// and every knot it passes on the way is a real one below knot s.
 void PointBlossom::terminal(std::int32_t s, double* c) const {
-    std::fill(c, c + k_ + 1, 0.0);
-    const auto sigma = static_cast<std::int64_t>(sigma_);
-    // With strictly increasing knots the search stops where knot sigma + j is knot s itself;
-    // every knot it passes on the way is a real one below knot s.
-    std::int64_t j = s - sigma;
-    if (j < 0 || j >= k_) {
-        const double first = knots_[s];
-        for (j = 0; j < k_; ++j) {
-            if (sigma + j > 0 && first == knot(sigma + j)) {
-                break;
-            }
-        }
-    }
-    if (sigma_ < 0.0f) {
-        --j;
-    }
-    if (j < 0) {
-        raise(kErrSubscript);
-    }
-    c[j] = 1.0;
+    const std::int64_t direct = s - static_cast<std::int64_t>(sigma_);
+    const std::int32_t j = direct >= 0 && direct < k_
+                               ? static_cast<std::int32_t>(direct)
+                               : terminalSearch(knots_, knotCount_, knots_[s], sigma_, k_);
+    terminalVector(j, sigma_, k_, c);
 }
 
 }  // namespace zw
