@@ -210,21 +210,6 @@ TEST(Blossom, ControlPointKnotListsNameTheirPointExactly) {
     }
 }
 
-TEST(Blossom, OpenUniformCoefficientsSumToOneInsideTheSegments) {
-    HeadlessWindow w;
-    w.setCurve(4, {{0, 0}, {1, 0}, {2, 0}, {3, 0}, {4, 0}, {5, 0}, {6, 0}}, true);
-    for (float s = 1; s <= 4; ++s) {
-        const double a = w.vec().knoop(2 + s);
-        const double b = w.vec().knoop(3 + s);
-        for (double f = 0.05; f < 1.0; f += 0.1) {
-            const double t = a + f * (b - a);
-            const Array<double> c = w.evaluator().blossom(listOf({t, t, t, t}, 4), s);
-            EXPECT_NEAR(c(0.0) + c(1.0) + c(2.0) + c(3.0), 1.0, 1e-12) << t;
-            EXPECT_EQ(c(4.0), 0.0);
-        }
-    }
-}
-
 TEST(Blossom, ListsOutsideTheKnotsGiveTheZeroVector) {
     Cubic w;
     const std::vector<double> zero(5, 0.0);
