@@ -1,5 +1,6 @@
 #include "knots/knoop_vector.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "geometry/coordinaten.h"
@@ -50,7 +51,8 @@ void KnoopVector::zet_open_uniform() {
 }
 
 std::int32_t vergelijkRun(const double* knots, std::size_t knotCount, float L,
-                          const double* vector, std::size_t vectorSize, float& count) {
+                          const double* vector, std::size_t vectorSize, float& count,
+                          std::int32_t sortedPrefix) {
     const auto knot = [&](std::int64_t i) {
         if (i < 0 || static_cast<std::size_t>(i) >= knotCount) {
             raise(kErrSubscript);
@@ -62,8 +64,13 @@ std::int32_t vergelijkRun(const double* knots, std::size_t knotCount, float L,
     }
     const double v0 = vector[0];
     std::int32_t i = 0;
-    while (static_cast<float>(i) < L && knot(i) < v0) {
-        ++i;
+    if (sortedPrefix > 0 && !(v0 > knots[sortedPrefix - 1])) {
+        i = static_cast<std::int32_t>(std::lower_bound(knots, knots + sortedPrefix, v0) - knots);
+    } else {
+        i = std::max(0, sortedPrefix - 1);  // every knot before it lies below v0
+        while (static_cast<float>(i) < L && knot(i) < v0) {
+            ++i;
+        }
     }
     if (v0 < knot(i)) {
         count = 0.0f;

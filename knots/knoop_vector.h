@@ -11,9 +11,11 @@ namespace zw {
 
 // The search of vergelijk_vector on plain storage, for the evaluator's inner loop: `knots` holds
 // `knotCount` values of which the first `L` count, `vector` holds `vectorSize`. Every index is
-// checked (error 9).
+// checked (error 9). A caller that knows the first `sortedPrefix` knots to be in order (none
+// below its predecessor) lets the search bisect them; the result is the scan's from knot 0.
 std::int32_t vergelijkRun(const double* knots, std::size_t knotCount, float L,
-                          const double* vector, std::size_t vectorSize, float& count);
+                          const double* vector, std::size_t vectorSize, float& count,
+                          std::int32_t sortedPrefix = 0);
 
 class KnoopVector {
   public:

@@ -7,6 +7,7 @@
 #include "platform/array.h"
 #include "platform/numeric.h"
 #include "platform/runtime_error.h"
+#include "knots/knoop_vector.h"
 
 namespace zw {
 
@@ -38,13 +39,16 @@ BlossomEngine::BlossomEngine(const double* knots, std::size_t knotCount, float L
       keyLength_(k > 1 ? static_cast<std::size_t>(k - 1) : 0),
       stride_(keyLength_ + static_cast<std::size_t>(k < 0 ? 0 : k) + 1) {
     checkRecursionSize(k);
-    // The run search visits knots 0, 1, ... while the index is below L.
+    // The run search visits knots 0, 1, ... while the index is below L; where they are in order
+    // it may bisect them.
     const double visited = L > 0.0f ? std::ceil(static_cast<double>(L)) : 0.0;
-    searchable_ = static_cast<std::int32_t>(std::min(visited, static_cast<double>(knotCount)));
-    sorted_ = visited <= static_cast<double>(knotCount);
-    for (std::int32_t i = 1; sorted_ && i < searchable_; ++i) {
-        sorted_ = knots_[i - 1] <= knots_[i];  // false for NaN too
+    const auto searchable =
+        static_cast<std::int32_t>(std::min(visited, static_cast<double>(knotCount)));
+    sortedPrefix_ = 1;
+    while (sortedPrefix_ < searchable && knots_[sortedPrefix_ - 1] <= knots_[sortedPrefix_]) {
+        ++sortedPrefix_;  // NaN ends the order as well
     }
+    sortedPrefix_ = std::min(sortedPrefix_, searchable);
     std::fill(slots_, slots_ + slotCount_, -1);
 }
 
@@ -150,35 +154,6 @@ double* BlossomEngine::listAt(std::int32_t depth, int which) {
     return lists_ + offset;
 }
 
-// The first knot index whose knot is not below v, as the linear scan from knot 0 finds it.
-std::int32_t BlossomEngine::firstKnotNotBelow(double v) const {
-    if (sorted_) {
-        return static_cast<std::int32_t>(std::lower_bound(knots_, knots_ + searchable_, v) - knots_);
-    }
-    std::int32_t i = 0;
-    while (static_cast<float>(i) < L_ && knot(i) < v) {
-        ++i;
-    }
-    return i;
-}
-
-// The run search of the knot vector: on return `run` is the number of leading arguments that
-// equal consecutive knots (0 when the first is no knot) and the result the index after them.
-std::int32_t BlossomEngine::runAfter(std::int32_t first, const double* list,
-                                     std::int32_t& run) const {
-    if (list[0] < knot(first)) {
-        run = 0;
-        return first;
-    }
-    const std::int32_t wanted = k_ - 1;
-    std::int32_t j = 1;
-    while (j < wanted && knot(std::int64_t{first} + j) == list[j]) {
-        ++j;
-    }
-    run = j;
-    return first + j;
-}
-
 std::int32_t BlossomEngine::evaluateList(const double* list, std::int32_t depth) {
     if (depth > kMaxDepth) {
         raise(kErrOutOfStack);
@@ -194,8 +169,11 @@ std::int32_t BlossomEngine::evaluateList(const double* list, std::int32_t depth)
     const std::int32_t k = k_;
     const double* args = depth == 0 ? list : values_ + node * stride_;
 
-    std::int32_t run = 0;
-    const std::int32_t r = runAfter(firstKnotNotBelow(args[0]), args, run);
+    // A list of k - 1 arguments; with k = 1 the run search still reads the first entry.
+    const std::size_t listSize = keyLength_ > 0 ? keyLength_ : 1;
+    float q = static_cast<float>(k - 1);
+    const std::int32_t r = vergelijkRun(knots_, knotCount_, L_, args, listSize, q, sortedPrefix_);
+    const auto run = static_cast<std::int32_t>(q);
     // Past the end (the run reaches the last knot) or before the start: the zero vector.
     if ((run > 0 && args[run - 1] >= lastKnot()) || args[0] <= knot(0)) {
         return node;

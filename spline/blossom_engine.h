@@ -52,8 +52,6 @@ class BlossomEngine {
     std::int32_t lookup(const double* list, std::uint32_t hash) const;
     std::int32_t insert(const double* list, std::uint32_t hash);
     std::uint32_t hashOf(const double* list) const;
-    std::int32_t firstKnotNotBelow(double v) const;
-    std::int32_t runAfter(std::int32_t first, const double* list, std::int32_t& run) const;
     double knot(std::int64_t i) const;
     double lastKnot();
     double* vectorOf(std::int32_t node) { return values_ + node * stride_ + keyLength_; }
@@ -68,9 +66,8 @@ class BlossomEngine {
     float sigma_;
     std::size_t keyLength_;  // k - 1
     std::size_t stride_;     // (k - 1) + (k + 1)
-    // The knots that the run search visits, and whether they are sorted (then it may bisect).
-    std::int32_t searchable_ = 0;
-    bool sorted_ = false;
+    // The leading knots that are in order: the run search may bisect them.
+    std::int32_t sortedPrefix_ = 0;
     bool haveLastKnot_ = false;
     double lastKnot_ = 0.0;
 

@@ -59,12 +59,12 @@ const double* PointBlossom::evaluate(const double* args) {
         heapValues_.assign(nodes * (k + 1), 0.0);
         heapDone_.assign(nodes, 0);
         values_ = heapValues_.data();
-        done_ = reinterpret_cast<bool*>(heapDone_.data());
+        done_ = heapDone_.data();
     }
     if (whole()) {
         return triangle();
     }
-    std::fill(done_, done_ + nodes, false);
+    std::fill(done_, done_ + nodes, 0);
     try {
         return node(0, top_);
     } catch (const Deviation&) {
@@ -129,7 +129,7 @@ const double* PointBlossom::node(std::int32_t d, std::int32_t s) {
     if (done_[slot]) {
         return c;
     }
-    done_[slot] = true;
+    done_[slot] = 1;
     const std::int32_t last = k_ - 1;
     // The run search compares the knot after the run with t; the walk assumes they differ.
     if (d < last && knot(std::int64_t{s} + d) == t_) {

@@ -57,11 +57,11 @@ class PointBlossom {
     static constexpr std::size_t kInlineValues = 1024;
     static constexpr std::size_t kInlineNodes = 96;
     double inlineValues_[kInlineValues];
-    bool inlineDone_[kInlineNodes];
+    unsigned char inlineDone_[kInlineNodes];
     std::vector<double> heapValues_;
-    std::vector<char> heapDone_;
+    std::vector<unsigned char> heapDone_;
     double* values_ = inlineValues_;
-    bool* done_ = inlineDone_;
+    unsigned char* done_ = inlineDone_;
 };
 
 }  // namespace zw
