@@ -12,8 +12,15 @@ coordinaten::coordinaten(MainWindow& window) : window_(window) {
     restart();
 }
 
+void coordinaten::begrens(float upperBound) {
+    if (upperBound > kMaxPunten) {
+        raise(kErrOutOfMemory);
+    }
+}
+
 void coordinaten::splits(const PuntArray& nieuw) {
     graad = addSingle(graad, 1.0f);
+    begrens(addSingle(graad, 1.0f));
     p_.redim(addSingle(graad, 1.0f));
     forSingle(0.0f, graad, 1.0f, [&](float i) {
         const std::unique_ptr<Punt>& punt = nieuw(i);
@@ -26,6 +33,7 @@ void coordinaten::splits(const PuntArray& nieuw) {
 }
 
 void coordinaten::dimensioneer_punten(float aantal) {
+    begrens(aantal);
     graad = addSingle(aantal, -1.0f);
     p_.redim(aantal);
 }
@@ -67,6 +75,7 @@ void coordinaten::toevoegen(const Punt& p) {
     if (orde == 0.0f) {
         orde = graad;
     }
+    begrens(graad);
     p_.redimPreserve(graad);
     p_(graad) = std::make_unique<Punt>(p.X, p.Y);
     if (orde_gezet) {

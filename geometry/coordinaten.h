@@ -12,6 +12,10 @@ namespace zw {
 // Slots that may be empty, as an array of object references.
 using PuntArray = Array<std::unique_ptr<Punt>>;
 
+// A curve drawn by hand has tens of points; one of more than 65536 comes only from a damaged file
+// and is refused with error 7 before anything is allocated.
+constexpr float kMaxPunten = 65536.0f;
+
 class coordinaten {
   public:
     explicit coordinaten(MainWindow& window);
@@ -54,6 +58,9 @@ class coordinaten {
     void restart();
 
   private:
+    // Sizes the array to indexes 0 .. upperBound, refusing polygons beyond reason.
+    static void begrens(float upperBound);
+
     MainWindow& window_;
     PuntArray p_;
 };

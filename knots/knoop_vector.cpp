@@ -123,11 +123,18 @@ double KnoopVector::knoop(float index) const {
 }
 
 void KnoopVector::dimensioneer_knopenvector(double lengte) {
-    knopenlengte = toSingle(lengte);
+    const float length = toSingle(lengte);
+    if (length > kMaxKnopen) {
+        raise(kErrOutOfMemory);
+    }
+    knopenlengte = length;
     knots_.redim(knopenlengte);
 }
 
 void KnoopVector::voeg_knooppunt_toe(double& t) {
+    if (addSingle(knopenlengte, 1.0f) > kMaxKnopen) {
+        raise(kErrOutOfMemory);
+    }
     knopenlengte = addSingle(knopenlengte, 1.0f);
     knots_.redimPreserve(knopenlengte);
     double carry = t;

@@ -17,6 +17,10 @@ std::int32_t vergelijkRun(const double* knots, std::size_t knotCount, float L,
                           const double* vector, std::size_t vectorSize, float& count,
                           std::int32_t sortedPrefix = 0);
 
+// Knots for the largest polygon of any order the editor evaluates; a longer vector comes only
+// from a damaged file and is refused with error 7.
+constexpr float kMaxKnopen = 131072.0f;
+
 class KnoopVector {
   public:
     explicit KnoopVector(MainWindow& window);

@@ -103,6 +103,14 @@ void deleteFile(const std::string& fileName) {
     }
 }
 
+void replaceFile(const std::string& from, const std::string& to) {
+    std::error_code ec;
+    fs::rename(fs::path(nativePath(from)), fs::path(nativePath(to)), ec);
+    if (ec) {
+        raise(kErrPathFileAccess);
+    }
+}
+
 std::int64_t fileLength(const std::string& fileName) {
     const fs::path native(nativePath(fileName));
     std::error_code ec;

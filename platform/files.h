@@ -28,6 +28,9 @@ void makeDirectory(const std::string& path);
 // permission).
 void deleteFile(const std::string& fileName);
 
+// Moves `from` over `to` in one step (the old `to` is gone only when the new one is in place);
+// error 75 when that cannot be done.
+void replaceFile(const std::string& from, const std::string& to);
 // FileLen: the length in bytes; error 53 when the file does not exist.
 std::int64_t fileLength(const std::string& fileName);
 

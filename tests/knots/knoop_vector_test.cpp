@@ -150,7 +150,8 @@ TEST(KnoopVector, BadIndexesRaiseTheSubscriptError) {
     float count = 3.0f;
     EXPECT_EQ(errorOf([&] { knots.w.vec().vergelijk_vector(count, beyond); }), kErrSubscript);
     EXPECT_EQ(errorOf([&] { knots.w.vec().dimensioneer_knopenvector(-2.0); }), kErrSubscript);
-    EXPECT_EQ(errorOf([&] { knots.w.vec().dimensioneer_knopenvector(1e12); }), kErrOverflow);
+    EXPECT_EQ(errorOf([&] { knots.w.vec().dimensioneer_knopenvector(1e12); }), kErrOutOfMemory);
+    EXPECT_EQ(errorOf([&] { knots.w.vec().dimensioneer_knopenvector(1e39); }), kErrOverflow);
     // geef_segment reads knots up to k + graad: a polygon longer than its knot vector.
     knots.w.polygoon().graad = 10;
     EXPECT_EQ(errorOf([&] { knots.w.vec().geef_segment(9.0); }), kErrSubscript);

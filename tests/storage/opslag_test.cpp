@@ -1,0 +1,195 @@
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <cmath>
+#include <cstring>
+#include <filesystem>
+#include <vector>
+
+#include "headless_window.h"
+#include "platform/files.h"
+#include "platform/record_file.h"
+#include "platform/scripted_dialogs.h"
+#include "storage/opslag.h"
+#include "test_support.h"
+
+namespace zw {
+namespace {
+
+std::vector<float> recordsOf(const std::string& path) {
+    QFile f(QString::fromStdString(path));
+    EXPECT_TRUE(f.open(QIODevice::ReadOnly));
+    const QByteArray bytes = f.readAll();
+    std::vector<float> records(static_cast<std::size_t>(bytes.size()) / 4);
+    std::memcpy(records.data(), bytes.data(), records.size() * 4);
+    return records;
+}
+
+void writeRecords(const std::string& path, const std::vector<float>& records) {
+    RecordFile f(path);
+    for (std::size_t r = 0; r < records.size(); ++r) {
+        f.putSingle(static_cast<double>(r + 1), records[r]);
+    }
+}
+
+struct Store {
+    Store() { makeDirectory(dir.file("undoredo")); }
+    TestDir dir;
+    HeadlessWindow w;
+    ScriptedDialogs dialogs;
+    Opslag ops{w, dialogs, dir.path()};
+};
+
+TEST(Opslag, ThreePointsWithoutOrderMake72Bytes) {
+    Store s;
+    s.w.setCurve(2, {{10, 20}, {30, 40}, {50, 60}});
+    s.w.polygoon().orde = 0;
+    s.w.gewichten().zet_gewichten(1, 2.5);
+    s.w.gewichten().zet_grootste_gewicht(2.5);
+    s.w.segment = true;
+    s.ops.opslaan(s.dir.file("a.zwl"));
+    const std::vector<float> expected = {2, 0, 0, 10, 20, 1, 30, 40, 2.5, 50, 60, 1,
+                                         0, 0, 0, 0, 1, 2.5};
+    EXPECT_EQ(recordsOf(s.dir.file("a.zwl")), expected);
+}
+
+TEST(Opslag, KnotsFollowTheOrderAndTheFlagFourRecordsAfterTheLastKnot) {
+    Store s;
+    s.w.setCurve(4, {{1, 2}, {3, 4}, {5, 6}});  // L = 7 knots, -3 .. 3
+    s.ops.opslaan(s.dir.file("a.zwl"));
+    const std::vector<float> r = recordsOf(s.dir.file("a.zwl"));
+    // Order in 13, L in 14, knots 0 .. 7 in 15 .. 22, reserved 23 .. 25, flag 26, weight 27.
+    ASSERT_EQ(r.size(), 27u);
+    EXPECT_EQ(r[12], 4.0f);
+    EXPECT_EQ(r[13], 7.0f);
+    EXPECT_EQ(r[14], -3.0f);
+    EXPECT_EQ(r[20], 3.0f);
+    EXPECT_EQ(r[21], 0.0f);  // knot 7, the spare slot
+    EXPECT_EQ(r[25], 0.0f);
+    EXPECT_EQ(r[26], 1.0f);
+}
+
+TEST(Opslag, ACurveComesBackWithItsKnotsWeightsAndFlags) {
+    Store s;
+    s.w.setCurve(3, {{100, 200}, {300, 50}, {700, 900}, {1200, 300}}, true);
+    s.w.gewichten().zet_gewichten(2, 0.25);
+    s.w.gewichten().zet_grootste_gewicht(8.0);
+    s.w.segment = true;
+    s.ops.opslaan(s.dir.file("curve.zwl"));
+
+    Store t;
+    t.w.gewichtstat = true;
+    t.ops.openen(s.dir.file("curve.zwl"));
+    EXPECT_EQ(t.w.polygoon().graad, 3.0f);
+    EXPECT_EQ(t.w.polygoon().orde, 3.0f);
+    EXPECT_TRUE(t.w.polygoon().orde_gezet);
+    EXPECT_EQ(t.w.polygoon().punten(3).X, 1200.0f);
+    EXPECT_EQ(t.w.gewichten().gewicht(2), 0.25);
+    EXPECT_EQ(t.w.gewichten().get_grootste_gewicht(), 8.0);
+    EXPECT_TRUE(t.w.segment);
+    ASSERT_EQ(t.w.vec().knopenlengte, 7.0f);
+    for (float j = 0; j <= 7; ++j) {
+        EXPECT_EQ(t.w.vec().knoop(j), static_cast<float>(s.w.vec().knoop(j))) << j;
+    }
+}
+
+TEST(Opslag, NoOrderLeavesTheKnotsAndOnlyExactlyOneIsTrue) {
+    Store s;
+    writeRecords(s.dir.file("a.zwl"), {0, 0, 0, 5, 6, 1, -1, 0, 0, 0, 1.0000001f, 1});
+    s.w.setCurve(2, {{0, 0}, {1, 1}});
+    s.w.segment = true;
+    s.ops.openen(s.dir.file("a.zwl"));
+    EXPECT_EQ(s.w.polygoon().orde, -1.0f);
+    EXPECT_FALSE(s.w.polygoon().orde_gezet);
+    EXPECT_EQ(s.w.vec().knopenlengte, 4.0f);  // untouched
+    EXPECT_FALSE(s.w.segment);
+}
+
+TEST(Opslag, SavingReplacesALongerFileWholeAndAFailedSaveKeepsTheOld) {
+    Store s;
+    const std::string path = s.dir.file("a.zwl");
+    writeRecords(path, std::vector<float>(100, 7.0f));
+    s.w.setCurve(2, {{1, 1}, {2, 2}});
+    s.ops.opslaan(path);
+    EXPECT_EQ(fileLength(path), 4 * 21);  // R = 10, L = 4, N = 17
+
+    s.w.gewichten().dimensioneer_gewichten(0);  // point 1 has no weight: the write fails
+    EXPECT_EQ(errorOf([&] { s.ops.opslaan(path); }), kErrSubscript);
+    EXPECT_EQ(fileLength(path), 4 * 21);
+    EXPECT_FALSE(FileExists(path + ".~nieuw"));
+}
+
+TEST(Opslag, DamagedCountsEndWithARunTimeError) {
+    struct Case {
+        const char* what;
+        std::vector<float> records;
+        int error;
+    };
+    const Case cases[] = {
+        {"no count", {NAN}, kErrOverflow},
+        {"negative count", {-5}, kErrSubscript},
+        {"absurd count", {1e9f}, kErrOutOfMemory},
+        {"absurd knot count", {0, 0, 0, 1, 1, 1, 3, 1e12f}, kErrOutOfMemory},
+        {"no knot count", {0, 0, 0, 1, 1, 1, 3, NAN}, kErrOverflow},
+        {"negative knot count", {0, 0, 0, 1, 1, 1, 3, -4}, kErrSubscript},
+        {"short file", {3}, 0},  // points past the end read as (0, 0) with weight 0
+    };
+    for (const Case& c : cases) {
+        Store s;
+        writeRecords(s.dir.file("bad.zwl"), c.records);
+        EXPECT_EQ(errorOf([&] { s.ops.openen(s.dir.file("bad.zwl")); }), c.error) << c.what;
+    }
+    Store s;
+    EXPECT_EQ(errorOf([&] { s.ops.openen(s.dir.file("missing.zwl")); }), kErrFileNotFound);
+    EXPECT_FALSE(FileExists(s.dir.file("missing.zwl")));
+}
+
+// Inputs the fuzzer found interesting; each opens or fails with a classic error.
+TEST(Opslag, TheFuzzCorpusOpensWithoutCrashing) {
+    const std::filesystem::path corpus = std::filesystem::path(ZW_SOURCE_DIR) / "tests/storage/corpus";
+    int files = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(corpus)) {
+        Store s;
+        errorOf([&] { s.ops.openen(entry.path().string()); });
+        ++files;
+    }
+    EXPECT_GT(files, 0);
+}
+
+TEST(Opslag, UndoAndRedoWalkTheVersions) {
+    Store s;
+    const auto point = [&](float x) {
+        s.w.setCurve(2, {{x, 0}, {0, 0}});
+        s.ops.save();
+    };
+    const auto x = [&] { return s.w.polygoon().punten(0).X; };
+    point(1);
+    s.ops.undo();
+    s.ops.redo();
+    EXPECT_EQ(s.dialogs.messages().size(), 2u);
+    EXPECT_EQ(s.dialogs.messages()[0].text, "Er is niets anders meer opgeslagen...");
+    point(2);
+    point(3);
+    s.ops.undo();
+    s.ops.undo();
+    EXPECT_EQ(x(), 1.0f);
+    EXPECT_EQ(s.ops.versie, 1.0f);
+    EXPECT_EQ(s.ops.maxversie, 3.0f);
+    s.ops.redo();
+    EXPECT_EQ(x(), 2.0f);
+    point(9);  // cuts the chain: version 3 is rewritten
+    EXPECT_EQ(s.ops.maxversie, 3.0f);
+    s.ops.redo();
+    EXPECT_EQ(s.dialogs.messages().size(), 3u);
+    s.ops.undo();
+    s.ops.redo();
+    EXPECT_EQ(x(), 9.0f);
+    s.ops.restart();
+    point(4);
+    EXPECT_EQ(s.ops.versie, 1.0f);
+    EXPECT_TRUE(FileExists(s.dir.file("undoredo/1.zwl")));
+    EXPECT_EQ(s.ops.versieBestand(12), s.dir.path() + "\\\\undoredo\\\\12.zwl");
+}
+
+}  // namespace
+}  // namespace zw
