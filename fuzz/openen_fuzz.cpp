@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <string>
 
 #include "headless_window.h"
@@ -16,7 +17,11 @@ namespace {
 
 const std::string& scratchFile() {
     static const std::string path = [] {
-        char name[] = "/tmp/openen_fuzz_XXXXXX";
+        // tmpfs where there is one: the file is written and read once per input.
+        char name[] = "/dev/shm/openen_fuzz_XXXXXX";
+        if (access("/dev/shm", W_OK) != 0) {
+            std::strcpy(name, "/tmp/openen_fuzz_XXXXXX");
+        }
         const int fd = mkstemp(name);
         if (fd < 0) {
             std::abort();

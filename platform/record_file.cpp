@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <vector>
 
 #include "platform/files.h"
 #include "platform/numeric.h"
@@ -60,12 +61,48 @@ void RecordFile::close() {
     }
 }
 
+// Files of the program are small and read record after record: the first read takes the whole
+// file into memory (up to a limit), later reads come from there until the next write.
+bool RecordFile::loadCache() const {
+    if (cached_) {
+        return true;
+    }
+    struct stat info {};
+    if (::fstat(fd_, &info) != 0 || info.st_size > kMaxCachedBytes) {
+        return false;
+    }
+    std::vector<unsigned char> bytes(static_cast<std::size_t>(info.st_size));
+    std::size_t got = 0;
+    while (got < bytes.size()) {
+        const ssize_t n = ::pread(fd_, bytes.data() + got, bytes.size() - got,
+                                  static_cast<off_t>(got));
+        if (n < 0 && errno == EINTR) {
+            continue;
+        }
+        if (n <= 0) {
+            return false;
+        }
+        got += static_cast<std::size_t>(n);
+    }
+    cache_.swap(bytes);
+    cached_ = true;
+    return true;
+}
+
 std::uint32_t RecordFile::getRaw(double record) const {
     const std::int64_t offset = offsetOf(record);
     if (fd_ < 0) {
         raise(kErrBadFileName);
     }
     unsigned char bytes[4] = {0, 0, 0, 0};
+    if (loadCache()) {
+        for (std::size_t i = 0; i < sizeof bytes; ++i) {
+            const auto at = static_cast<std::uint64_t>(offset) + i;
+            bytes[i] = at < cache_.size() ? cache_[at] : 0;
+        }
+        return std::uint32_t{bytes[0]} | std::uint32_t{bytes[1]} << 8 |
+               std::uint32_t{bytes[2]} << 16 | std::uint32_t{bytes[3]} << 24;
+    }
     std::size_t got = 0;
     while (got < sizeof bytes) {
         const ssize_t n = ::pread(fd_, bytes + got, sizeof bytes - got, offset + got);
@@ -92,6 +129,8 @@ void RecordFile::putRaw(double record, std::uint32_t bits) {
     if (offset / 4 + 1 > kMaxRecordNumber) {
         raise(kErrOutOfMemory);
     }
+    cached_ = false;
+    cache_.clear();
     const unsigned char bytes[4] = {
         static_cast<unsigned char>(bits), static_cast<unsigned char>(bits >> 8),
         static_cast<unsigned char>(bits >> 16), static_cast<unsigned char>(bits >> 24)};

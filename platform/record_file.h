@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace zw {
 
@@ -33,10 +34,15 @@ class RecordFile {
     void close();
 
   private:
+    static constexpr std::int64_t kMaxCachedBytes = std::int64_t{1} << 20;
+
+    bool loadCache() const;
     std::uint32_t getRaw(double record) const;
     void putRaw(double record, std::uint32_t bits);
 
     int fd_ = -1;
+    mutable std::vector<unsigned char> cache_;
+    mutable bool cached_ = false;
 };
 
 }  // namespace zw
