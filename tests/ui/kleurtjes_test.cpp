@@ -1,0 +1,118 @@
+#include <gtest/gtest.h>
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+#include "headless_window.h"
+#include "platform/files.h"
+#include "platform/scripted_dialogs.h"
+#include "test_support.h"
+#include "ui/kleurtjes.h"
+
+namespace zw {
+namespace {
+
+struct Dialog {
+    explicit Dialog(bool withFile = true) {
+        if (withFile) {
+            RecordFile(dir.file("zwierlijn")).putLong(12, 0);
+        }
+        form = std::make_unique<Kleurtjes>(w, dialogs, guard, dir.path());
+    }
+    std::int32_t record(int r) { return RecordFile(dir.file("zwierlijn")).getLong(r); }
+    void type(QLineEdit* box, const char* text) {
+        box->selectAll();
+        QTest::keyClicks(box, QString::fromLatin1(text));
+    }
+
+    TestDir dir;
+    HeadlessWindow w;
+    ScriptedDialogs dialogs;
+    EventGuard guard{dialogs};
+    std::unique_ptr<Kleurtjes> form;
+};
+
+TEST(Kleurtjes, AFirstStartAnnouncesAndCreatesTheSettingsFile) {
+    Dialog d(false);
+    ASSERT_EQ(d.dialogs.messages().size(), 1u);
+    EXPECT_EQ(d.dialogs.messages()[0].text,
+              "File: " + d.dir.path() + "\\zwierlijn wordt aangemaakt nu. Vergeet het "
+              "instellingen formulier niet te initialiseren...");
+    EXPECT_FALSE(d.form->file_bestaat());
+    EXPECT_TRUE(FileExists(d.dir.file("zwierlijn")));
+    // The file grows record by record as the user sets values.
+    d.dialogs.queueColour(rgb(1, 2, 3));
+    d.form->knop("Lijn")->click();
+    EXPECT_EQ(fileLength(d.dir.file("zwierlijn")), 20);
+    EXPECT_EQ(d.record(5), rgb(1, 2, 3));
+
+    Dialog again;
+    EXPECT_TRUE(again.form->file_bestaat());
+    EXPECT_TRUE(again.dialogs.messages().empty());
+}
+
+TEST(Kleurtjes, ColourButtonsSetTheirVariableAndRecord) {
+    Dialog d;
+    struct Case {
+        const char* button;
+        Colour MainWindow::*variable;
+        int record;
+    };
+    const Case cases[] = {
+        {"Datakleur", &MainWindow::Datakleur, 1},  {"Kromme", &MainWindow::krommekleur, 2},
+        {"Control", &MainWindow::controlkleur, 3}, {"DKKleur", &MainWindow::doekkleur, 4},
+        {"Lijn", &MainWindow::lijnkleur, 5},       {"beeldkleur", &MainWindow::segmentkleur, 8},
+        {"Bezierkleur", &MainWindow::Bezierkleur, 10}, {"Reeel", &MainWindow::Reeel, 11},
+        {"virtueel", &MainWindow::virtueel, 12},
+    };
+    int colour = 100;
+    for (const Case& c : cases) {
+        d.dialogs.queueColour(++colour);
+        d.form->knop(c.button)->click();
+        EXPECT_EQ(d.w.*(c.variable), colour) << c.button;
+        EXPECT_EQ(d.record(c.record), colour) << c.button;
+    }
+    EXPECT_EQ(d.w.Doek().backColour(), 104);
+    EXPECT_EQ(d.form->knop("Datakleur")->text(), "Segmentpunten");
+    EXPECT_EQ(d.form->knop("Reeel")->text(), QString::fromUtf8("Re\u00ebel KP"));
+    // Cancelled: nothing changes.
+    d.dialogs.queueColour(std::nullopt);
+    d.form->knop("Kromme")->click();
+    EXPECT_EQ(d.w.krommekleur, 102);
+    EXPECT_EQ(d.record(2), 102);
+}
+
+TEST(Kleurtjes, TheRadiusIsRoundedHalvesToEven) {
+    Dialog d;
+    d.form->show();
+    for (const auto& [text, expected] : {std::pair{"12.6", 13}, {"12.5", 12}, {"abc", 0}}) {
+        d.type(d.form->Straal(), text);
+        QTest::keyClick(d.form->Straal(), Qt::Key_Return);
+        EXPECT_EQ(d.w.ControleStraal, expected) << text;
+        EXPECT_EQ(d.record(6), expected) << text;
+    }
+}
+
+TEST(Kleurtjes, EnterInTheBlendingSizeAppliesTheLastValidatedValue) {
+    Dialog d;
+    d.w.berngrootte = 3000;
+    d.form->show();
+    EXPECT_EQ(d.form->bern()->text(), "3000");
+    d.type(d.form->bern(), "2500");
+    QTest::keyClick(d.form->bern(), Qt::Key_Return);
+    EXPECT_EQ(d.w.berngrootte, 0);  // nothing validated yet
+    d.form->Straal()->setFocus();
+    QApplication::processEvents();
+    QFocusEvent leave(QEvent::FocusOut);
+    QCoreApplication::sendEvent(d.form->bern(), &leave);
+    EXPECT_EQ(d.w.berngrootte, 2500);
+    EXPECT_EQ(d.record(7), 2500);
+    d.type(d.form->Straal(), "77");
+    d.form->knop("Exit")->click();
+    EXPECT_EQ(d.w.ControleStraal, 77);
+    EXPECT_FALSE(d.form->isVisible());
+}
+
+}  // namespace
+}  // namespace zw
