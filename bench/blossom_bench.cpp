@@ -7,7 +7,6 @@
 #include <cstddef>
 #include <memory>
 #include <random>
-#include <utility>
 #include <vector>
 
 #include "headless_window.h"
@@ -23,13 +22,7 @@ constexpr std::size_t kParameters = 256;
 struct Curve {
     explicit Curve(int k) {
         std::mt19937 rng(20240611u + static_cast<unsigned>(k));
-        std::uniform_int_distribution<int> coordinate(0, 10000);
-        std::vector<std::pair<float, float>> points;
-        for (int i = 0; i < kPoints; ++i) {
-            points.emplace_back(static_cast<float>(coordinate(rng)),
-                                static_cast<float>(coordinate(rng)));
-        }
-        w.setCurve(k, points);
+        w.setRandomCurve(rng, k, kPoints);
         // The real range runs from knot k - 1 to knot L - k; its end belongs to no segment.
         const float L = w.vec().knopenlengte;
         std::uniform_real_distribution<double> inRange(w.vec().knoop(static_cast<float>(k - 1)),
@@ -85,10 +78,7 @@ void BM_Sisl(benchmark::State& state) {
     const int k = static_cast<int>(state.range(0));
     Curve curve(k);
     zw::HeadlessWindow& w = curve.w;
-    std::vector<double> knots;
-    for (float j = 0; j < w.vec().knopenlengte; ++j) {
-        knots.push_back(w.vec().knoop(j));
-    }
+    std::vector<double> knots = w.knots();
     std::vector<double> coefs;
     for (float j = 0; j <= w.polygoon().graad; ++j) {
         coefs.push_back(w.polygoon().punten(j).X);
@@ -120,13 +110,8 @@ void BM_ZoekTwaarde(benchmark::State& state) {
     Curve curve(k);
     zw::HeadlessWindow& w = curve.w;
     std::vector<zw::Punt> clicks;
-    zw::Array<double> args(k - 1);
     for (std::size_t i = 0; i < 16; ++i) {
-        for (int j = 0; j < k; ++j) {
-            args(j) = curve.ts[i];
-        }
-        const float sigma = curve.segments[i];
-        const zw::Punt p = w.evaluator().bereken_punt(w.evaluator().blossom(args, sigma), sigma - 1);
+        const zw::Punt p = w.drawnPoint(curve.ts[i]);
         clicks.emplace_back(p.X + 150.0f, p.Y - 100.0f);
     }
     std::size_t i = 0;

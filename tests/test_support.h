@@ -4,8 +4,12 @@
 #include <QDir>
 #include <QTemporaryDir>
 #include <string>
+#include <tuple>
+#include <vector>
 
+#include "platform/array.h"
 #include "platform/runtime_error.h"
+#include "platform/surface.h"
 
 namespace zw {
 
@@ -18,6 +22,26 @@ int errorOf(F&& action) {
         return e.number();
     }
     return 0;
+}
+
+// The values as an array counted from 0, the form every argument list and knot list takes.
+inline Array<double> arrayOf(const std::vector<double>& values) {
+    Array<double> a(static_cast<double>(values.size()) - 1);
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        a(static_cast<double>(i)) = values[i];
+    }
+    return a;
+}
+
+// The argument list of the curve point at t for order k: k equal values.
+inline Array<double> equalArgs(float k, double t) {
+    return arrayOf(std::vector<double>(static_cast<std::size_t>(k), t));
+}
+
+// A drawing record's fields, to compare whole records at once.
+inline auto fieldsOf(const DrawRecord& r) {
+    return std::make_tuple(r.kind, r.x1, r.y1, r.x2, r.y2, r.radius, r.colour, r.drawWidth,
+                           r.fillStyle, r.fillColour);
 }
 
 // A fresh temporary directory per test, removed afterwards.

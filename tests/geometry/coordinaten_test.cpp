@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "headless_window.h"
-#include "test_support.h"
 
 namespace zw {
 namespace {
@@ -12,6 +11,8 @@ TEST(Coordinaten, ZoekPuntTakesTheNearestAndTheLowestOnATie) {
     EXPECT_EQ(w.polygoon().zoek_punt(18, 3), 2.0f);
     EXPECT_EQ(w.polygoon().zoek_punt(5, 0), 0.0f);   // 0 and 1 equally near
     EXPECT_EQ(w.polygoon().zoek_punt(11, 1), 1.0f);  // 1 and 3 coincide
+    w.polygoon().punten(1).X = 40;                   // punten hands out the live point
+    EXPECT_EQ(w.polygoon().zoek_punt(39, 2), 1.0f);
 }
 
 TEST(Coordinaten, ToevoegenFollowsTheOrderOnlyFromZero) {
@@ -28,47 +29,35 @@ TEST(Coordinaten, ToevoegenFollowsTheOrderOnlyFromZero) {
     EXPECT_EQ(w.polygoon().punten(2).Y, 6.0f);
     EXPECT_EQ(w.saves, 3);
     EXPECT_EQ(w.gewichten().aantal_gew(), 3.0f);
-}
-
-TEST(Coordinaten, BezierModeLengthensTheKnotVectorOnEveryPoint) {
-    HeadlessWindow w;
-    w.polygoon().test();  // order 4, knots -3 .. 4
-    EXPECT_EQ(w.saves, 1);
-    EXPECT_TRUE(w.polygoon().orde_gezet);
-    // test() does not tell the weights window; the next point does.
-    EXPECT_EQ(errorOf([&] { w.gewichten().gewicht(3); }), kErrSubscript);
-    w.polygoon().toevoegen(Punt(9000, 3000));
-    // The order stays 4: uniform knots -3 .. 5 and then the last one again plus one.
-    EXPECT_EQ(w.vec().knopenlengte, 9.0f);
-    EXPECT_EQ(w.vec().knoop(7), 4.0);
-    EXPECT_EQ(w.vec().knoop(8), 5.0);
-    EXPECT_EQ(w.polygoon().orde, 4.0f);
-    EXPECT_EQ(w.gewichten().gewicht(4), 1.0);
-    // zet_orde makes it a Bezier curve of all five points.
-    w.polygoon().zet_orde();
-    EXPECT_EQ(w.polygoon().orde, 5.0f);
-    EXPECT_EQ(w.vec().knopenlengte, 10.0f);
-    EXPECT_EQ(w.vec().knoop(4), 0.0);
-    EXPECT_EQ(w.vec().knoop(5), 1.0);
-    EXPECT_EQ(w.saves, 3);
-}
-
-TEST(Coordinaten, OrdeKleinerDan8CountsThePoints) {
-    HeadlessWindow w;
-    for (int i = 0; i < 8; ++i) {
+    // orde_kleiner_dan_8 counts the points, whatever the order.
+    for (int i = 3; i < 8; ++i) {
         EXPECT_TRUE(w.polygoon().orde_kleiner_dan_8()) << i;
         w.polygoon().toevoegen(Punt(i, i));
     }
     EXPECT_FALSE(w.polygoon().orde_kleiner_dan_8());
 }
 
+TEST(Coordinaten, BezierModeLengthensTheKnotVectorOnEveryPoint) {
+    HeadlessWindow w;
+    w.polygoon().test();  // order 4, knots -3 .. 4
+    // test() does not tell the weights window; the next point does.
+    EXPECT_EQ(errorOf([&] { w.gewichten().gewicht(3); }), kErrSubscript);
+    w.polygoon().toevoegen(Punt(9000, 3000));
+    EXPECT_EQ(w.polygoon().orde, 4.0f);
+    EXPECT_EQ(w.knots(), (std::vector<double>{-3, -2, -1, 0, 1, 2, 3, 4, 5}));
+    EXPECT_EQ(w.gewichten().gewicht(4), 1.0);
+    // zet_orde makes it a Bezier curve of all five points.
+    w.polygoon().zet_orde();
+    EXPECT_EQ(w.polygoon().orde, 5.0f);
+    EXPECT_EQ(w.knots(), (std::vector<double>{-4, -3, -2, -1, 0, 1, 2, 3, 4, 5}));
+    EXPECT_EQ(w.saves, 3);
+}
+
 TEST(Coordinaten, ZoekCoordWeighsRoundsAndSkipsPointsPastTheLast) {
     HeadlessWindow w;
     w.setCurve(3, {{0, 0}, {5, 1}, {10, 4}});
-    Array<double> tabel(3.0);
-    tabel(0.0) = 0.5;
-    tabel(1.0) = 0.5;
-    tabel(2.0) = 123.0;  // would weigh point 3, which does not exist
+    // 123 would weigh point 3, which does not exist.
+    const Array<double> tabel = arrayOf({0.5, 0.5, 123, 0});
     const Punt mid = w.polygoon().zoek_coord(tabel, 1);
     EXPECT_EQ(mid.X, 8.0f);  // 7.5 rounds to even
     EXPECT_EQ(mid.Y, 2.0f);  // 2.5 rounds to even
@@ -76,16 +65,8 @@ TEST(Coordinaten, ZoekCoordWeighsRoundsAndSkipsPointsPastTheLast) {
     const Punt pulled = w.polygoon().zoek_coord(tabel, 1);  // (5 + 30) / 4, (1 + 12) / 4
     EXPECT_EQ(pulled.X, 9.0f);
     EXPECT_EQ(pulled.Y, 3.0f);
-    tabel(0.0) = 0.0;
-    tabel(1.0) = 0.0;
-    EXPECT_EQ(errorOf([&] { w.polygoon().zoek_coord(tabel, 1); }), kErrOverflow);  // 0 / 0
-}
-
-TEST(Coordinaten, PuntenIsTheLivePoint) {
-    HeadlessWindow w;
-    w.setCurve(2, {{1, 1}, {2, 2}});
-    w.polygoon().punten(1).X = 40;
-    EXPECT_EQ(w.polygoon().zoek_punt(39, 2), 1.0f);
+    const Array<double> weightless = arrayOf({0, 0, 123, 0});  // 0 / 0
+    EXPECT_EQ(errorOf([&] { w.polygoon().zoek_coord(weightless, 1); }), kErrOverflow);
 }
 
 TEST(Coordinaten, EmptySlotsAndBadIndexesRaiseRunTimeErrors) {
@@ -108,12 +89,9 @@ TEST(Coordinaten, ControlPointsAreDrawnInTheirOwnColours) {
     const std::vector<DrawRecord>& log = w.Doek().log();
     ASSERT_EQ(log.size(), 3u);
     for (int i = 0; i < 3; ++i) {
-        EXPECT_EQ(log[i].kind, DrawKind::kCircle);
-        EXPECT_EQ(log[i].x1, 10.0 + 20 * i);
-        EXPECT_EQ(log[i].radius, 7.0);
-        EXPECT_EQ(log[i].colour, w.kleur(i));
-        EXPECT_EQ(log[i].fillColour, w.kleur(i));
-        EXPECT_EQ(log[i].fillStyle, kFillSolid);
+        EXPECT_EQ(fieldsOf(log[i]),
+                  std::make_tuple(DrawKind::kCircle, 10.0 + 20 * i, 20.0 + 20 * i, 0.0, 0.0, 7.0,
+                                  w.kleur(i), 1, kFillSolid, w.kleur(i)));
     }
     EXPECT_EQ(w.Doek().fillColour(), w.controlkleur);
 }

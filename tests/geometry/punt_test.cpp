@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "platform/scripted_dialogs.h"
 #include "test_support.h"
 
@@ -18,20 +20,16 @@ TEST(Punt, SomAddsInDoubleWithoutRounding) {
 }
 
 TEST(Punt, ProduktRoundsHalvesToEvenAndProduktXYDoNot) {
-    const struct {
-        float x, y;
-        double factor;
-        float ex, ey;
-    } cases[] = {
+    const std::tuple<float, float, double, float, float> cases[] = {
         {5, 7, 0.5, 2, 4},
         {-5, -7, 0.5, -2, -4},
         {3, 1, 0.5, 2, 0},
         {10, 10, 0.33, 3, 3},
     };
-    for (const auto& c : cases) {
+    for (const auto& [x, y, factor, ex, ey] : cases) {
         Punt r(99, 99);
-        r.produkt(Punt(c.x, c.y), c.factor);
-        EXPECT_TRUE(r.isgelijkaan(Punt(c.ex, c.ey))) << c.x << "," << c.y << " * " << c.factor;
+        r.produkt(Punt(x, y), factor);
+        EXPECT_TRUE(r.isgelijkaan(Punt(ex, ey))) << x << "," << y << " * " << factor;
     }
     EXPECT_DOUBLE_EQ(Punt(5, 7).produktX(0.5), 2.5);
     EXPECT_DOUBLE_EQ(Punt(5, 7).produktY(0.5), 3.5);

@@ -22,14 +22,10 @@ TEST(RuntimeError, CarriesTheClassicNumberAndText) {
 TEST(EventGuard, AnErrorEndsTheActionWithItsMessageAndTheProgramCarriesOn) {
     ScriptedDialogs dialogs;
     EventGuard guard(dialogs);
-    int reached = 0;
-    EXPECT_FALSE(guard.run([&] {
-        Array<double> a(2);
-        a(3) = 1;
-        reached = 1;
-    }));
-    EXPECT_TRUE(guard.run([&] { reached = 2; }));
-    EXPECT_EQ(reached, 2);
+    bool reached = false;
+    EXPECT_FALSE(guard.run([] { Array<double>(2)(3) = 1; }));
+    EXPECT_TRUE(guard.run([&] { reached = true; }));
+    EXPECT_TRUE(reached);
     guard.run([] { throw std::bad_alloc(); });
     guard.run([] { throw std::logic_error("bug"); });
     guard.run([] { throw 42; });
@@ -38,24 +34,6 @@ TEST(EventGuard, AnErrorEndsTheActionWithItsMessageAndTheProgramCarriesOn) {
     for (int i = 0; i < 4; ++i) {
         EXPECT_EQ(dialogs.messages()[i].text, errorMessage(RuntimeError(expected[i])));
     }
-}
-
-struct Window : ShowableWindow {
-    std::string windowName() const override { return "Kleurtjes"; }
-};
-
-TEST(ScriptedDialogs, CancelsWhenTheScriptRunsOutAndPlaysTheModalUser) {
-    ScriptedDialogs dialogs;
-    dialogs.queueFileName("/tmp/a.zwl");
-    EXPECT_EQ(dialogs.openFileName({}), "/tmp/a.zwl");
-    EXPECT_EQ(dialogs.saveFileName({}), "");
-    EXPECT_EQ(dialogs.chooseColour(0), std::nullopt);
-    Window window;
-    int modalRuns = 0;
-    dialogs.onModal([&](ShowableWindow&) { ++modalRuns; });
-    dialogs.show(window, false);
-    dialogs.show(window, true);
-    EXPECT_EQ(modalRuns, 1);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <utility>
 
 #include "test_support.h"
 
@@ -22,10 +23,7 @@ TEST(FileExists, FilesOnlyWithListingWildcards) {
     TestDir dir;
     touch(dir.file("a.3.4"));
     makeDirectory(dir.file("sub.zwl"));
-    const struct {
-        std::string name;
-        bool exists;
-    } cases[] = {
+    const std::pair<std::string, bool> cases[] = {
         {dir.file("a.3.4"), true},
         {dir.path() + "\\\\a.3.4", true},
         {dir.file("a.?.4"), true},
@@ -38,8 +36,8 @@ TEST(FileExists, FilesOnlyWithListingWildcards) {
         {dir.file("*.zwl"), false},  // only a directory matches
         {dir.file("no/a.3.4"), false},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(FileExists(c.name), c.exists) << c.name;
+    for (const auto& [name, exists] : cases) {
+        EXPECT_EQ(FileExists(name), exists) << name;
     }
 }
 

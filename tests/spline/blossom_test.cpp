@@ -6,41 +6,23 @@
 #include <vector>
 
 #include "headless_window.h"
-#include "test_support.h"
 
 namespace zw {
 namespace {
 
-// ---------------------------------------------------------------------------------------------
 // The blossom recursion written out literally: every sub-list evaluated anew, 2^(k-1) terminal
 // lists. The evaluator must return exactly these vectors, bit for bit.
-
-Array<double> lineaireCombinatie(const Array<double>& a, const Array<double>& b, float n, double wa,
-                                 double wb) {
-    Array<double> c(n);
-    for (float i = 0; i <= n; ++i) {
-        c(i) = b(i) * wb + a(i) * wa;
-    }
-    return c;
-}
-
 Array<double> literalBlossom(HeadlessWindow& w, const Array<double>& args, float sigma) {
     const float k = w.polygoon().orde;
     const KnoopVector& vec = w.vec();
     Array<double> c(k);
     float q = k - 1;
-    bool settled = false;
     const float r = vec.vergelijk_vector(q, args);
-    if (q > 0 && args(q - 1) >= vec.knoop(vec.knopenlengte - 1)) {
-        settled = true;
-    }
-    if (!settled && args(0) <= vec.knoop(0)) {
+    const bool settled = q > 0 && args(q - 1) >= vec.knoop(vec.knopenlengte - 1);
+    if (settled || args(0) <= vec.knoop(0)) {
         return c;
     }
     if (q < k - 1) {
-        if (settled) {
-            return c;
-        }
         const double A = vec.knoop(r);
         const double B = vec.knoop(r - q - 1);
         const double u = args(k - 2);
@@ -59,23 +41,16 @@ Array<double> literalBlossom(HeadlessWindow& w, const Array<double>& args, float
         }
         const Array<double> c1 = literalBlossom(w, a1, sigma);
         const Array<double> c2 = literalBlossom(w, a2, sigma);
-        const Array<double> l = lineaireCombinatie(c1, c2, k - 1, (A - u) / (A - B), (u - B) / (A - B));
+        const double w1 = (A - u) / (A - B);
+        const double w2 = (u - B) / (A - B);
         for (float i = 0; i <= k - 1; ++i) {
-            c(i) = l(i);
+            c(i) = c2(i) * w2 + c1(i) * w1;
         }
-        return c;
-    }
-    if (settled) {
         return c;
     }
     float j = 0;
-    bool match = false;
-    while (j < k && !match) {
-        if (j + sigma > 0 && args(0) == vec.knoop(j + sigma)) {
-            match = true;
-        } else {
-            ++j;
-        }
+    while (j < k && !(j + sigma > 0 && args(0) == vec.knoop(j + sigma))) {
+        ++j;
     }
     if (sigma < 0) {
         --j;
@@ -84,38 +59,8 @@ Array<double> literalBlossom(HeadlessWindow& w, const Array<double>& args, float
     return c;
 }
 
-// ---------------------------------------------------------------------------------------------
-
-Array<double> listOf(const std::vector<double>& values, float k) {
-    Array<double> a(k - 1 < 0 ? 0 : k - 1);
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        a(static_cast<double>(i)) = values[i];
-    }
-    return a;
-}
-
 bool sameBits(const Array<double>& a, const Array<double>& b) {
     return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(double)) == 0;
-}
-
-enum class KnotForm { kUniform, kOpenUniform, kIrregular };
-
-// A random curve: order k, n + 1 points, one of three knot forms.
-void randomCurve(HeadlessWindow& w, std::mt19937& rng, int k, int points, KnotForm form) {
-    std::uniform_real_distribution<float> coordinate(0.0f, 10000.0f);
-    std::vector<std::pair<float, float>> xy;
-    for (int i = 0; i < points; ++i) {
-        xy.emplace_back(coordinate(rng), coordinate(rng));
-    }
-    w.setCurve(k, xy, form == KnotForm::kOpenUniform);
-    if (form == KnotForm::kIrregular) {
-        std::uniform_real_distribution<double> gap(0.05, 2.0);
-        double knot = -3.0;
-        for (float i = 0; i < w.vec().knopenlengte; ++i) {
-            w.vec().zet_knoop(i, knot);
-            knot += gap(rng);
-        }
-    }
 }
 
 // The argument lists the editor hands to the evaluator, with their segment numbers.
@@ -125,7 +70,7 @@ std::vector<std::pair<std::vector<double>, float>> listsOf(HeadlessWindow& w, st
     const auto knot = [&](int i) { return w.vec().knoop(static_cast<float>(i)); };
     std::uniform_real_distribution<double> unit(0.0, 1.0);
     std::vector<std::pair<std::vector<double>, float>> lists;
-    for (int s = 1; s <= L - 2 * k + 1; ++s) {
+    for (int s = 1; s <= w.segments(); ++s) {
         const double a = knot(k + s - 2);
         const double b = knot(k + s - 1);
         // Curve points inside and at both ends of the segment.
@@ -163,20 +108,27 @@ std::vector<std::pair<std::vector<double>, float>> listsOf(HeadlessWindow& w, st
     return lists;
 }
 
+// Uniform, open-uniform and irregular knots, for every order the editor offers.
 TEST(Blossom, EqualsTheLiteralRecursionBitForBit) {
     std::mt19937 rng(20261121);
+    std::uniform_real_distribution<double> gap(0.05, 2.0);
     int compared = 0;
     for (int k = 1; k <= 8; ++k) {
-        for (const KnotForm form : {KnotForm::kUniform, KnotForm::kOpenUniform, KnotForm::kIrregular}) {
+        for (const char form : {'u', 'o', 'i'}) {
             for (int extra = 0; extra <= 4; extra += 2) {
                 HeadlessWindow w;
-                randomCurve(w, rng, k, k + extra, form);
+                w.setRandomCurve(rng, k, k + extra, form == 'o');
+                double knot = -3.0;
+                for (float i = 0; form == 'i' && i < w.vec().knopenlengte; ++i) {
+                    w.vec().zet_knoop(i, knot);
+                    knot += gap(rng);
+                }
                 for (const auto& [values, sigma] : listsOf(w, rng)) {
-                    const Array<double> args = listOf(values, static_cast<float>(k));
+                    const Array<double> args = arrayOf(values);
                     const Array<double> expected = literalBlossom(w, args, sigma);
                     const Array<double> actual = w.evaluator().blossom(args, sigma);
                     ASSERT_TRUE(sameBits(expected, actual))
-                        << "k " << k << " form " << static_cast<int>(form) << " sigma " << sigma
+                        << "k " << k << " knots " << form << " sigma " << sigma
                         << " first argument " << values[0];
                     ++compared;
                 }
@@ -190,83 +142,49 @@ TEST(Blossom, EqualsTheLiteralRecursionBitForBit) {
 struct Cubic : HeadlessWindow {
     Cubic() { setCurve(4, {{1000, 1000}, {1000, 5000}, {7000, 5000}, {7000, 1000}}); }
     Array<double> at(const std::vector<double>& values, float sigma) {
-        return evaluator().blossom(listOf(values, 4), sigma);
+        return evaluator().blossom(arrayOf(values), sigma);
     }
 };
 
-TEST(Blossom, ControlPointKnotListsNameTheirPointExactly) {
-    HeadlessWindow w;
-    w.setCurve(3, {{0, 0}, {1, 0}, {2, 0}, {3, 0}, {4, 0}, {5, 0}});  // knots -2 .. 6
-    for (int i = 0; i <= 5; ++i) {
-        const std::vector<double> own = {w.vec().knoop(i + 1.0f), w.vec().knoop(i + 2.0f), 0.0};
-        for (int sigma = std::max(1, i - 1); sigma <= std::min(4, i + 1); ++sigma) {
-            const Array<double> c = w.evaluator().blossom(listOf(own, 3), sigma);
-            for (int e = 0; e <= 3; ++e) {
-                EXPECT_EQ(c(e), e == i - sigma + 1 ? 1.0 : 0.0) << i << " " << sigma << " " << e;
-            }
-            const Punt p = w.evaluator().bereken_punt(c, sigma - 1.0f);
-            EXPECT_EQ(p.X, static_cast<float>(i));
-        }
-    }
-}
-
 TEST(Blossom, ListsOutsideTheKnotsGiveTheZeroVector) {
     Cubic w;
-    const std::vector<double> zero(5, 0.0);
-    struct Case {
-        const char* what;
-        std::vector<double> list;
+    const std::vector<double> cases[] = {
+        {-3, 0.5, 0.5, 0},  // first argument at the first knot
+        {-7, 0.5, 0.5, 0},  // below it
+        {4, 4, 4, 0},       // a run into the last knot
+        {3, 4, 0.5, 0},     // a run ending at it
     };
-    const Case cases[] = {
-        {"first argument at the first knot", {-3, 0.5, 0.5, 0}},
-        {"first argument below the first knot", {-7, 0.5, 0.5, 0}},
-        {"run into the last knot", {4, 4, 4, 0}},
-        {"run ending at the last knot", {3, 4, 0.5, 0}},
-    };
-    for (const Case& c : cases) {
-        const Array<double> v = w.at(c.list, 1);
-        EXPECT_EQ(std::vector<double>(v.data(), v.data() + v.size()), zero) << c.what;
-        EXPECT_EQ(w.evaluator().bereken_punt(v, 0).X, 0.0f) << c.what;
+    for (const std::vector<double>& list : cases) {
+        EXPECT_TRUE(sameBits(w.at(list, 1), Array<double>(4.0))) << list[0] << " " << list[1];
     }
 }
 
 TEST(Blossom, ARunThatNamesNoPointOfTheSegmentWeighsTheSpareEntry) {
     Cubic w;
     // Knots 1, 2, 3 name control point 0, which does not act on segment 3.
-    const Array<double> c = w.at({-2, -1, 0, 0}, 3);
+    Array<double> c = w.at({-2, -1, 0, 0}, 3);
     EXPECT_EQ(c(4.0), 1.0);
+    // bereken_punt weighs only points that exist: from 2 on, points 2 and 3 but not 6.
+    c(0.0) = c(1.0) = 1.0;
     const Punt p = w.evaluator().bereken_punt(c, 2);
-    EXPECT_EQ(p.X, 0.0f);
-    EXPECT_EQ(p.Y, 0.0f);
+    EXPECT_EQ(p.X, 14000.0f);
+    EXPECT_EQ(p.Y, 6000.0f);
     // A negative segment number moves the unmatched 1.0 down to the last real entry.
     const Array<double> virtualSegment = w.at({-2, -1, 0, 0}, -3);
     EXPECT_EQ(virtualSegment(3.0), 1.0);
     EXPECT_EQ(virtualSegment(4.0), 0.0);
 }
 
-TEST(Blossom, BerekenPuntSkipsPointsPastTheLast) {
-    Cubic w;
-    Array<double> c(4.0);
-    for (float i = 0; i <= 4; ++i) {
-        c(i) = 1.0;
-    }
-    // Points 2 and 3 exist; begin 2 would add points 4 and 5 too.
-    const Punt p = w.evaluator().bereken_punt(c, 2);
-    EXPECT_EQ(p.X, 14000.0f);
-    EXPECT_EQ(p.Y, 6000.0f);
-}
-
 TEST(Blossom, BadOrdersAndListsRaiseRunTimeErrors) {
     Cubic w;
     EXPECT_EQ(errorOf([&] { w.evaluator().blossom(Array<double>(1.0), 1); }), kErrSubscript);
-    w.polygoon().orde = 3.5f;
-    EXPECT_EQ(errorOf([&] { w.at({0.5, 0.5, 0.5, 0.5}, 1); }), kErrInvalidCall);
-    w.polygoon().orde = -1.0f;
-    EXPECT_EQ(errorOf([&] { w.at({0.5, 0.5, 0.5, 0.5}, 1); }), kErrSubscript);
-    w.polygoon().orde = 5000.0f;
-    EXPECT_EQ(errorOf([&] { w.at({0.5, 0.5, 0.5, 0.5}, 1); }), kErrOutOfMemory);
-    w.polygoon().orde = 4.0f;
     EXPECT_EQ(errorOf([&] { w.evaluator().bereken_punt(Array<double>(1.0), 0); }), kErrSubscript);
+    for (const auto& [orde, error] :
+         {std::pair{3.5f, kErrInvalidCall}, std::pair{-1.0f, kErrSubscript},
+          std::pair{5000.0f, kErrOutOfMemory}}) {
+        w.polygoon().orde = orde;
+        EXPECT_EQ(errorOf([&] { w.at({0.5, 0.5, 0.5, 0.5}, 1); }), error) << orde;
+    }
 }
 
 // Knot vectors that only a damaged file holds: falling, repeated, huge or not numbers at all.
@@ -279,7 +197,7 @@ TEST(Blossom, AnyKnotVectorEndsWithAVectorOrARunTimeError) {
     for (int round = 0; round < 400; ++round) {
         HeadlessWindow w;
         const int k = 2 + round % 7;
-        randomCurve(w, rng, k, k + 3, KnotForm::kUniform);
+        w.setRandomCurve(rng, k, k + 3);
         std::uniform_real_distribution<double> value(-4.0, 4.0);
         for (float i = 0; i <= w.vec().knopenlengte; ++i) {
             w.vec().zet_knoop(i, pick(rng) == 0 ? specials[pick(rng)] : std::round(value(rng)));
@@ -288,7 +206,7 @@ TEST(Blossom, AnyKnotVectorEndsWithAVectorOrARunTimeError) {
         for (double& v : list) {
             v = std::round(value(rng));
         }
-        errors += errorOf([&] { w.evaluator().blossom(listOf(list, k), 1 + pick(rng)); }) != 0;
+        errors += errorOf([&] { w.evaluator().blossom(arrayOf(list), 1 + pick(rng)); }) != 0;
     }
     EXPECT_GT(errors, 0);
 }

@@ -6,33 +6,18 @@
 
 #include "geometry/mat.h"
 #include "headless_window.h"
-#include "test_support.h"
 
 namespace zw {
 namespace {
 
-// The distance from q to the drawn curve point at t (weighted, rounded), on the segment that
-// holds t.
-Punt pointAt(HeadlessWindow& w, double t) {
-    const float k = w.polygoon().orde;
-    const float segments = w.vec().knopenlengte - 2 * k + 1;
-    const float segment = std::min(w.vec().geef_segment(t), segments);
-    Array<double> args(k - 1);
-    for (float a = 0; a < k; ++a) {
-        args(a) = t;
-    }
-    return w.polygoon().zoek_coord(w.evaluator().blossom(args, segment), segment - 1);
-}
-
 double drawnDistance(HeadlessWindow& w, double t, const Punt& q) {
-    return Mat().bereken_afstand(pointAt(w, t), q);
+    return Mat().bereken_afstand(w.drawnPoint(t), q);
 }
 
 double denseBest(HeadlessWindow& w, const Punt& q, int perSegment) {
     const float k = w.polygoon().orde;
-    const float segments = w.vec().knopenlengte - 2 * k + 1;
     double best = HUGE_VAL;
-    for (float s = 1; s <= segments; ++s) {
+    for (float s = 1; s <= w.segments(); ++s) {
         const double a = w.vec().knoop(k + s - 2);
         const double b = w.vec().knoop(k + s - 1);
         for (int i = 0; i <= perSegment; ++i) {
@@ -49,11 +34,7 @@ TEST(ParameterSearch, FindsTheNearestDrawnPointOnAnyCurve) {
     for (int k = 2; k <= 8; ++k) {
         for (const bool openUniform : {false, true}) {
             HeadlessWindow w;
-            std::vector<std::pair<float, float>> points;
-            for (int i = 0; i < k + 3; ++i) {
-                points.emplace_back(std::round(coordinate(rng)), std::round(coordinate(rng)));
-            }
-            w.setCurve(k, points, openUniform);
+            w.setRandomCurve(rng, k, k + 3, openUniform);
             for (float i = 0; i <= w.polygoon().graad; ++i) {
                 w.gewichten().zet_gewichten(i, std::exp2(exponent(rng)));
             }
@@ -65,17 +46,15 @@ TEST(ParameterSearch, FindsTheNearestDrawnPointOnAnyCurve) {
                 // Anywhere on the canvas, or just beside the curve, where minima compete.
                 Punt q(coordinate(rng), coordinate(rng));
                 if (query % 2 == 1) {
-                    const Punt on = pointAt(w, along(rng));
+                    const Punt on = w.drawnPoint(along(rng));
                     q = Punt(on.X + offset(rng), on.Y + offset(rng));
                 }
                 double t = -1e9;
                 w.evaluator().zoek_twaarde(q, t);
                 ASSERT_GE(t, first);
                 ASSERT_LE(t, last);
-                const double found = drawnDistance(w, t, q);
-                const double dense = denseBest(w, q, 600);
-                EXPECT_LE(found, dense + 0.5) << "k " << k << " open " << openUniform << " query "
-                                              << q.X << "," << q.Y;
+                EXPECT_LE(drawnDistance(w, t, q), denseBest(w, q, 600) + 0.5)
+                    << "k " << k << " open " << openUniform << " query " << q.X << "," << q.Y;
             }
         }
     }

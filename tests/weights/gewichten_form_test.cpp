@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "headless_window.h"
-#include "test_support.h"
 
 namespace zw {
 namespace {
