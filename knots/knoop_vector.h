@@ -49,6 +49,17 @@ class KnoopVector {
     void zet_uniform();
     void restart();
 
+    // --- The knot pane (the window's `Knopen`) -----------------------------------------------------
+    // Redraws the pane: the number line, a disc per knot (real or virtual colour) and a tick per
+    // control point at its knot average.
+    void teken_vector();
+    // The index of the knot nearest to pane position x.
+    float zoek_knooppunt(float x) const;
+    // Moves interior knot `index` to the value under x, kept between its neighbours.
+    void plaats_knooppunt(float x, float index);
+    // Clears the pane and draws the number line.
+    void teken_lijn();
+
     // All knots and the spare slot.
     const Array<double>& knopen() const { return knots_; }
 

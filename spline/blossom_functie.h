@@ -35,7 +35,26 @@ class BlossomFunctie {
     // Splits every segment at the middle of its parameter interval.
     void splits_in_helft();
 
+    // --- Drawing on the window's canvas -----------------------------------------------------------
+    // The whole curve in `krommekleur`, three times as wide as the canvas line width, with its knot
+    // points marked; with the blending view on, also the blending functions of the real range
+    // into `meng`.
+    void teken_spline();
+    // Segments beginsegment .. eindsegment - 1 (counted from 0) in `segmentkleur`.
+    void teken_spline_in_kleur(float beginsegment, float eindsegment);
+
+    // The blending output's working state, shared by the drawers of the real and virtual ranges:
+    // values (times 100) per control point of the current and the previous sample, and their x
+    // positions in `meng`.
+    Array<float> mengwaarden;
+    Array<float> vorige_mengwaarden;
+    float vorige_mengx = 0.0f;
+    float mengx = 0.0f;
+
   private:
+    // The x position of t in `meng`, whose scale runs over the whole knot range from 0 to 1e6.
+    float mengpositie(double t) const;
+
     MainWindow& window_;
     // The parameter search divides every segment into steps of this fraction of its length.
     float zoekfractie;
