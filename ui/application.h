@@ -2,12 +2,12 @@
 // "undoredo" and "Wavelet" beside the program), the dialogs service and the main window.
 #pragma once
 
-#include <QMainWindow>
 #include <memory>
 #include <string>
 
 #include "platform/dialogs.h"
 #include "platform/event_guard.h"
+#include "ui/zwierlijn.h"
 
 namespace zw {
 
@@ -21,7 +21,7 @@ class Application {
     const std::string& programDirectory() const { return programDirectory_; }
     Dialogs& dialogs() { return *dialogs_; }
     EventGuard& guard() { return guard_; }
-    QMainWindow& mainWindow() { return *mainWindow_; }
+    Zwierlijn& mainWindow() { return *mainWindow_; }
 
     void show();
 
@@ -29,7 +29,7 @@ class Application {
     std::string programDirectory_;
     std::unique_ptr<Dialogs> dialogs_;
     EventGuard guard_;
-    std::unique_ptr<QMainWindow> mainWindow_;
+    std::unique_ptr<Zwierlijn> mainWindow_;
 };
 
 }  // namespace zw

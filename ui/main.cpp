@@ -7,7 +7,10 @@
 int main(int argc, char** argv) {
     QApplication qtApp(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Zwierlijn"));
-    zw::Application app(zw::executableDirectory(), std::make_unique<zw::QtDialogs>());
+    auto dialogs = std::make_unique<zw::QtDialogs>();
+    zw::QtDialogs& qtDialogs = *dialogs;
+    zw::Application app(zw::executableDirectory(), std::move(dialogs));
+    qtDialogs.setParentWindow(&app.mainWindow());
     app.show();
     return QApplication::exec();
 }

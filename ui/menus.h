@@ -1,0 +1,31 @@
+// The menu bar of the main window, built from one table: the items' names, captions (with their
+// access keys), levels, separators and order. Items are found by name; a submenu's item is the
+// action that opens it, so enabling it enables the whole submenu.
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <functional>
+
+#include "platform/event_guard.h"
+
+class QAction;
+class QMenuBar;
+
+namespace zw {
+
+class Menus {
+  public:
+    Menus(QMenuBar& bar, EventGuard& guard);
+
+    // The item of a name, or none for a name not in the tree.
+    QAction* item(const QString& name) const { return items_.value(name, nullptr); }
+    // Runs the handler, inside the guard, whenever the item is chosen.
+    void onClick(const QString& name, std::function<void()> handler);
+
+  private:
+    EventGuard& guard_;
+    QHash<QString, QAction*> items_;
+};
+
+}  // namespace zw

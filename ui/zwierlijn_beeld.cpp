@@ -1,0 +1,94 @@
+// The view menu's zoom, detail and display toggles.
+#include <QAction>
+
+#include "platform/numeric.h"
+#include "platform/record_file.h"
+#include "spline/blossom_functie.h"
+#include "ui/kleurtjes.h"
+#include "ui/zwierlijn.h"
+
+namespace zw {
+
+// The central 1/f of the view in each direction. With W and H taken whole, as the classic
+// program did, zooming in and out again does not return exactly for f other than 2.
+void Zwierlijn::mntBeeldZoomInzoemen_Click() {
+    doek_.cls();
+    const double L = doek_.scaleLeft();
+    const double T = doek_.scaleTop();
+    const double W = toLong(doek_.scaleWidth());
+    const double H = toLong(doek_.scaleHeight());
+    const double f = Schaal;
+    doek_.scale(L + divide(W, 2.0 * f), T + divide(H, 2.0 * f), L + divide((f + 1.0) * W, 2.0 * f),
+                T + divide((f + 1.0) * H, 2.0 * f));
+    // Discs keep their size on the screen.
+    ControleStraal = toLong(ControleStraal / 2.0);
+    doek_.refresh();
+}
+
+void Zwierlijn::mntBeeldZoomUitzoemen_Click() {
+    doek_.cls();
+    const double L = doek_.scaleLeft();
+    const double T = doek_.scaleTop();
+    const double W = toLong(doek_.scaleWidth());
+    const double H = toLong(doek_.scaleHeight());
+    const double f = Schaal;
+    doek_.scale(L - divide(W, f), T - divide(H, f), L + divide((f + 1.0) * W, f),
+                T + divide((f + 1.0) * H, f));
+    ControleStraal = toLong(2.0 * ControleStraal);
+    doek_.refresh();
+}
+
+// One canvas unit is one window unit again, and the discs have the radius of the settings.
+void Zwierlijn::mntBeeldZoomNormaal_Click() {
+    doek_.cls();
+    doek_.scale(0, 0, scaleWidth(), scaleHeight());
+    ControleStraal = kleurtjes().instellingen().getLong(6);
+    doek_.refresh();
+}
+
+void Zwierlijn::zetDetail(const char* item, float stap) {
+    for (const char* naam : {"mntBeeldDetailLow", "mntBeeldDetailNormaal", "mntBeeldDetailHigh"}) {
+        menu(QString::fromLatin1(naam))->setChecked(qstrcmp(naam, item) == 0);
+    }
+    evaluator_->stap = stap;
+    doek_.refresh();
+}
+
+void Zwierlijn::mntBeeldDetailLow_Click() {
+    zetDetail("mntBeeldDetailLow", 0.2f);
+}
+
+void Zwierlijn::mntBeeldDetailNormaal_Click() {
+    zetDetail("mntBeeldDetailNormaal", 0.1f);
+}
+
+void Zwierlijn::mntBeeldDetailHigh_Click() {
+    zetDetail("mntBeeldDetailHigh", 0.05f);
+}
+
+// The redraw places the pane (or leaves it hidden when there is no curve).
+void Zwierlijn::mntBeeldKnopenVector_Click() {
+    QAction* item = menu(QStringLiteral("mntBeeldKnopenVector"));
+    if (!knopen_zichtbaar) {
+        knopen_zichtbaar = true;
+        item->setChecked(true);
+    } else {
+        knopen_zichtbaar = false;
+        knopen_.move(0, 0, 0, 0);
+        item->setChecked(false);
+    }
+    doek_.refresh();
+}
+
+void Zwierlijn::mntBeeldKnooppunten_Click() {
+    knooppunten = !knooppunten;
+    menu(QStringLiteral("mntBeeldKnooppunten"))->setChecked(knooppunten);
+    doek_.refresh();
+}
+
+void Zwierlijn::mntbeeldsleepdetail_Click() {
+    sleep_detail = !sleep_detail;
+    menu(QStringLiteral("mntbeeldsleepdetail"))->setChecked(sleep_detail);
+}
+
+}  // namespace zw

@@ -1,0 +1,134 @@
+// The canvas and the knot pane: mouse handling and the canvas' redraw.
+#include "geometry/coordinaten.h"
+#include "knots/knoop_vector.h"
+#include "platform/numeric.h"
+#include "spline/blossom_functie.h"
+#include "storage/opslag.h"
+#include "ui/zwierlijn.h"
+
+namespace zw {
+
+namespace {
+constexpr int kLinks = 1;
+constexpr int kRechts = 2;
+}  // namespace
+
+void Zwierlijn::teken_lijn(const Punt& P1, const Punt& P2, Colour kleur) {
+    doek_.line(P1.X, P1.Y, P2.X, P2.Y, kleur);
+}
+
+void Zwierlijn::teken_punt(float index, bool gemarkeerd) {
+    doek_.setFillStyle(kFillSolid);
+    const Colour kleur = gemarkeerd ? Datakleur : controlkleur;
+    doek_.setFillColour(kleur);
+    const Punt& p = polygon_->punten(index);
+    doek_.circle(p.X, p.Y, ControleStraal, kleur);
+}
+
+void Zwierlijn::Doek_MouseDown(int Button, int, float X, float Y) {
+    if (Button == kLinks) {
+        Punt punt;
+        punt.vulpunt(X, Y);
+        if (!segment) {
+            polygon_->toevoegen(punt);
+        } else {
+            // Spline Punt mode: a knot goes in where the click meets the curve, which gives the
+            // polygon one point more and leaves the curve as it was (Boehm's insertion).
+            double t = 0.0;
+            evaluator_->zoek_twaarde(punt, t);
+            evaluator_->maak_spline(t);
+            ops_->save();
+        }
+        doek_.refresh();
+        plaats_knopenvenster();
+        return;
+    }
+    // The start of a drag: the curve is sampled more coarsely while the point moves.
+    oude_stap = evaluator_->stap;
+    if (vec_->openuniform) {
+        evaluator_->stap = sleep_detail ? toSingle(oude_stap * 3.0) : 1.0f;
+    } else if (!sleep_detail) {
+        evaluator_->stap = 0.25f;
+    }
+    // An empty polygon has no point to pick; the drag then moves nothing.
+    if (polygon_->graad >= 0.0f) {
+        index = toLong(polygon_->zoek_punt(X, Y));
+    }
+}
+
+void Zwierlijn::Doek_MouseMove(int Button, int, float X, float Y) {
+    if (Button != kRechts) {
+        return;
+    }
+    if (polygon_->graad >= 0.0f) {
+        Punt punt;
+        punt.vulpunt(X, Y);
+        polygon_->zet_punt(static_cast<float>(index), punt);
+    }
+    doek_.refresh();
+}
+
+void Zwierlijn::Doek_MouseUp(int Button, int, float X, float Y) {
+    if (Button != kRechts) {
+        return;
+    }
+    if (polygon_->graad >= 0.0f) {
+        Punt punt;
+        punt.vulpunt(X, Y);
+        polygon_->zet_punt(static_cast<float>(index), punt);
+    }
+    ops_->save();
+    evaluator_->stap = toSingle(oude_stap);
+    doek_.refresh();
+}
+
+// Background, control points and polygon, the curve (or the blending pane), the knot pane.
+void Zwierlijn::Doek_Paint() {
+    doek_.setBackColour(doekkleur);
+    forSingle(0.0f, polygon_->graad, 1.0f, [&](float i) {
+        if (!mengstat && !gewichtstat) {
+            teken_punt(i, false);
+        } else {
+            // Every point's colour once per point, as the classic program drew them.
+            polygon_->teken_controlepunten_in_kleur();
+        }
+        if (i > 0.0f) {
+            teken_lijn(polygon_->punten(addSingle(i, -1.0f)), polygon_->punten(i), lijnkleur);
+        }
+    });
+    if (!mengstat) {
+        if (polygon_->orde > 0.0f) {
+            evaluator_->teken_spline();
+        }
+    } else {
+        meng_.move(doek_.scaleWidth() - berngrootte, 0, berngrootte, berngrootte);
+        meng_.setBackColour(doekkleur);
+        meng_.refresh();
+    }
+    plaats_knopenvenster();
+}
+
+void Zwierlijn::Knopen_MouseDown(int, int, float X, float) {
+    index = toLong(vec_->zoek_knooppunt(X));
+}
+
+void Zwierlijn::Knopen_MouseMove(int Button, int, float X, float) {
+    if (Button != kRechts) {
+        return;
+    }
+    vec_->plaats_knooppunt(X, static_cast<float>(index));
+    plaats_knopenvenster();
+}
+
+// A dragged knot vector is no longer one of the standard forms.
+void Zwierlijn::Knopen_MouseUp(int Button, int, float X, float) {
+    if (Button != kRechts) {
+        return;
+    }
+    vec_->plaats_knooppunt(X, static_cast<float>(index));
+    vec_->openuniform = false;
+    doek_.refresh();
+    ops_->save();
+}
+
+}  // namespace zw
