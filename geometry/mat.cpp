@@ -54,11 +54,7 @@ bool Mat::inrechthoek(const Punt& p, const Punt& P1, const Punt& P2) const {
 
 double Mat::ln(double getal) const {
     const double square = checkedDouble(getal * getal);
-    const double argument = std::sqrt(square) + getal;
-    if (!(argument > 0.0)) {
-        raise(kErrInvalidCall);
-    }
-    return std::log(argument);
+    return logarithm(std::sqrt(square) + getal);
 }
 
 }  // namespace zw

@@ -52,4 +52,11 @@ float divideSingle(float a, float b) {
     return checkedSingle(a / b);
 }
 
+double logarithm(double x) {
+    if (!(x > 0.0)) {
+        raise(kErrInvalidCall);
+    }
+    return std::log(x);
+}
+
 }  // namespace zw

@@ -73,6 +73,8 @@ inline float multiplySingle(float a, float b) {
     return checkedSingle(a * b);
 }
 float divideSingle(float a, float b);
+// Log: the natural logarithm; 0, a negative number or NaN raise error 5.
+double logarithm(double x);
 
 // A For loop whose counter is a Single, as `For i = first To last Step step`: the limit and step
 // are fixed at the start, the counter advances in Single precision. A counter that no longer
