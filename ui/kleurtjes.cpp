@@ -42,8 +42,8 @@ Kleurtjes::Kleurtjes(MainWindow& window, Dialogs& dialogs, EventGuard& guard,
                      const std::string& programDirectory, QWidget* parent)
     : QWidget(parent, Qt::Dialog), window_(window), dialogs_(dialogs), guard_(guard) {
     bestand_ = programDirectory + "\\zwierlijn";
-    file_bestaat_ = FileExists(bestand_);
-    if (!file_bestaat_) {
+    file_bestaat = FileExists(bestand_);
+    if (!file_bestaat) {
         dialogs_.message("File: " + bestand_ +
                          " wordt aangemaakt nu. Vergeet het instellingen formulier niet te "
                          "initialiseren...");
@@ -106,10 +106,9 @@ void Kleurtjes::showEvent(QShowEvent* event) {
 
 // Enter in a text box is its KeyPress with key code 13; leaving it is its Validate.
 bool Kleurtjes::eventFilter(QObject* watched, QEvent* event) {
-    const bool enter =
-        event->type() == QEvent::KeyPress &&
-        (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Return ||
-         static_cast<QKeyEvent*>(event)->key() == Qt::Key_Enter);
+    const bool enter = event->type() == QEvent::KeyPress &&
+                       (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Return ||
+                        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Enter);
     if (watched == straal_ && (enter || event->type() == QEvent::FocusOut)) {
         guard_.run([this] { Straal_Validate(); });
     } else if (watched == bern_ && enter) {

@@ -32,9 +32,12 @@ class Kleurtjes : public QWidget, public ShowableWindow {
 
     std::string windowName() const override { return "Kleurtjes"; }
 
+    // The settings file existed when the dialog was made. "Nieuw" sets it, so that the dialog is
+    // not shown again at the new start.
+    bool file_bestaat = false;
+
     // The open settings file, from which the main window reads its settings.
     RecordFile& instellingen() { return *file_; }
-    bool file_bestaat() const { return file_bestaat_; }
     const std::string& bestand() const { return bestand_; }
 
     QLineEdit* Straal() const { return straal_; }
@@ -61,7 +64,6 @@ class Kleurtjes : public QWidget, public ShowableWindow {
     EventGuard& guard_;
     std::string bestand_;
     std::unique_ptr<RecordFile> file_;
-    bool file_bestaat_ = false;
     std::int64_t aantal_records_ = 0;
     std::int32_t waarde_ = 0;
     QLineEdit* straal_ = nullptr;

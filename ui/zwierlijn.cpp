@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QGuiApplication>
+#include <QKeySequence>
 #include <QLabel>
 #include <QLayout>
 #include <QMenuBar>
@@ -21,6 +22,7 @@
 #include "ui/kleurtjes.h"
 #include "ui/menus.h"
 #include "ui/surface_widget.h"
+#include "ui/werkbalk.h"
 #include "views/beeld.h"
 #include "wavelet/wavelet.h"
 #include "weights/gewichten_form.h"
@@ -63,6 +65,10 @@ void Zwierlijn::bouwVenster() {
     tb_ = addToolBar(QStringLiteral("Tb"));
     tb_->setObjectName(QStringLiteral("Tb"));
     tb_->setMovable(false);
+    tb_->setIconSize(QSize(24, 24));
+    tb_->setToolButtonStyle(Qt::ToolButtonIconOnly);
+    werkbalk_ = std::make_unique<Werkbalk>(*tb_, guard_,
+                                           [this](const QString& key) { Tb_ButtonClick(key); });
     coordLabel_ = new QLabel(QStringLiteral("Vanalles en nog wa"), this);
     coordLabel_->setObjectName(QStringLiteral("CoordLabel"));
     statusBar()->addWidget(coordLabel_);
@@ -108,6 +114,7 @@ void Zwierlijn::bouwVenster() {
     knopen_.setMouseUpHandler(
         [this](int b, int s, float x, float y) { Knopen_MouseUp(b, s, x, y); });
     verbindMenus();
+    zetSneltoetsen();
 
     QSize size(kFirstWidth, kFirstHeight);
     if (const QScreen* screen = QGuiApplication::primaryScreen()) {
@@ -129,10 +136,50 @@ void Zwierlijn::verbindMenus() {
         {"mntBeeldKnopenVector", &Zwierlijn::mntBeeldKnopenVector_Click},
         {"mntBeeldKnooppunten", &Zwierlijn::mntBeeldKnooppunten_Click},
         {"mntbeeldsleepdetail", &Zwierlijn::mntbeeldsleepdetail_Click},
+        {"mntBeeldKleuren", &Zwierlijn::mntBeeldKleuren_Click},
+        {"mntBestandNieuw", &Zwierlijn::mntBestandNieuw_Click},
+        {"mntBestandOpenen", &Zwierlijn::mntBestandOpenen_Click},
+        {"mntBestandOpslaan", &Zwierlijn::mntBestandOpslaan_Click},
+        {"mntBestandExit", &Zwierlijn::mntBestandExit_Click},
+        {"mntBewerkenSplinePunt", &Zwierlijn::mntBewerkenSplinePunt_Click},
+        {"mntBewerkenSplineHelft", &Zwierlijn::mntBewerkenSplineHelft_Click},
+        {"mntBewerkenKnopenZetOrde", &Zwierlijn::mntBewerkenKnopenZetOrde_Click},
+        {"mntBewerkenKnopenOpenUniform", &Zwierlijn::mntBewerkenKnopenOpenUniform_Click},
+        {"mntBewerkenKnopenZetuniform", &Zwierlijn::mntBewerkenKnopenZetuniform_Click},
+        {"mntBewerkenWavelet", &Zwierlijn::mntBewerkenWavelet_Click},
+        {"mntBewerkenUndo", &Zwierlijn::mntBewerkenUndo_Click},
+        {"mntBewerkenRedo", &Zwierlijn::mntBewerkenRedo_Click},
     };
     for (const auto& [name, handler] : handlers) {
         menus_->onClick(QString::fromLatin1(name), [this, h = handler] { (this->*h)(); });
     }
+}
+
+// The shortcuts of a desktop editor, on top of the access keys of the captions.
+void Zwierlijn::zetSneltoetsen() {
+    const std::pair<const char*, QList<QKeySequence>> sneltoetsen[] = {
+        {"mntBestandNieuw", {QKeySequence::New}},
+        {"mntBestandOpenen", {QKeySequence::Open}},
+        {"mntBestandOpslaan", {QKeySequence::Save}},
+        {"mntBewerkenUndo", {QKeySequence(Qt::CTRL | Qt::Key_Z)}},
+        {"mntBewerkenRedo",
+         {QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)}},
+        {"mntBeeldZoomInzoemen",
+         {QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)}},
+        {"mntBeeldZoomUitzoemen", {QKeySequence(Qt::CTRL | Qt::Key_Minus)}},
+        {"mntBeeldZoomNormaal", {QKeySequence(Qt::CTRL | Qt::Key_0)}},
+    };
+    for (const auto& [naam, toetsen] : sneltoetsen) {
+        menu(QString::fromLatin1(naam))->setShortcuts(toetsen);
+    }
+}
+
+QAction* Zwierlijn::knop(const QString& key) const {
+    QAction* action = werkbalk_->knop(key);
+    if (action == nullptr) {
+        zw::raise(kErrInternal);
+    }
+    return action;
 }
 
 QAction* Zwierlijn::menu(const QString& name) const {
@@ -243,7 +290,7 @@ void Zwierlijn::Form_Load() {
     ops_->save();
     mntBeeldZoomNormaal_Click();
     mntBeeldDetailHigh_Click();
-    if (!kleurtjes().file_bestaat()) {
+    if (!kleurtjes().file_bestaat) {
         dialogs_.show(kleurtjes(), true);
     }
 }

@@ -24,6 +24,7 @@ namespace zw {
 class Beeld;
 class Kleurtjes;
 class Menus;
+class Werkbalk;
 class Opslag;
 class Punt;
 class SurfaceWidget;
@@ -76,6 +77,26 @@ class Zwierlijn : public QMainWindow, public MainWindow {
     void mntBeeldKnopenVector_Click();
     void mntBeeldKnooppunten_Click();
     void mntbeeldsleepdetail_Click();
+    void mntBeeldKleuren_Click();
+
+    void mntBestandNieuw_Click();
+    void mntBestandOpenen_Click();
+    void mntBestandOpslaan_Click();
+    void mntBestandExit_Click();
+    void mntBewerkenSplinePunt_Click();
+    void mntBewerkenSplineHelft_Click();
+    void mntBewerkenKnopenZetOrde_Click();
+    void mntBewerkenKnopenOpenUniform_Click();
+    void mntBewerkenKnopenZetuniform_Click();
+    void mntBewerkenWavelet_Click();
+    void mntBewerkenUndo_Click();
+    void mntBewerkenRedo_Click();
+    // The toolbar's click, by the clicked button's key.
+    void Tb_ButtonClick(const QString& key);
+
+    // The enabling and check marks of the menus and the toolbar, after every redraw.
+    void zet_menus();
+    void zet_knoppen();
 
     // Lays the knot pane along the bottom edge and draws it, or hides it.
     void plaats_knopenvenster();
@@ -106,6 +127,8 @@ class Zwierlijn : public QMainWindow, public MainWindow {
     SurfaceWidget& knopenWidget() const { return *knopenWidget_; }
     SurfaceWidget& mengWidget() const { return *mengWidget_; }
     QToolBar& Tb() const { return *tb_; }
+    // A toolbar button by its key.
+    QAction* knop(const QString& key) const;
     QLabel& CoordLabel() const { return *coordLabel_; }
     const FileDialogRequest& bestandsdialoog() const { return bestandsdialoog_; }
     // The window's client area in its scale units (twips).
@@ -119,6 +142,7 @@ class Zwierlijn : public QMainWindow, public MainWindow {
   private:
     void bouwVenster();
     void verbindMenus();
+    void zetSneltoetsen();
     void Form_Initialize();
     void Form_Load();
     void Form_Resize();
@@ -127,6 +151,7 @@ class Zwierlijn : public QMainWindow, public MainWindow {
     void maak_undo_map();
     bool map_bestaat(const std::string& map) const;
     void zetDetail(const char* item, float stap);
+    void sleepPunt(float X, float Y);
 
     std::string programDirectory_;
     Dialogs& dialogs_;
@@ -157,6 +182,7 @@ class Zwierlijn : public QMainWindow, public MainWindow {
     QToolBar* tb_ = nullptr;
     QLabel* coordLabel_ = nullptr;
     std::unique_ptr<Menus> menus_;
+    std::unique_ptr<Werkbalk> werkbalk_;
 };
 
 }  // namespace zw

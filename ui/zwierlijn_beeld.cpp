@@ -9,31 +9,37 @@
 
 namespace zw {
 
-// The central 1/f of the view in each direction. With W and H taken whole, as the classic
-// program did, zooming in and out again does not return exactly for f other than 2.
+namespace {
+
+// The view before a zoom step, with its width and height taken whole as the classic program did.
+struct Zicht {
+    double L, T, W, H, f;
+};
+
+Zicht huidigZicht(Surface& doek, std::int32_t schaal) {
+    doek.cls();
+    return {doek.scaleLeft(), doek.scaleTop(), static_cast<double>(toLong(doek.scaleWidth())),
+            static_cast<double>(toLong(doek.scaleHeight())), static_cast<double>(schaal)};
+}
+
+}  // namespace
+
+// The central 1/f of the view in each direction. Zooming in and out again returns exactly only
+// for f = 2.
 void Zwierlijn::mntBeeldZoomInzoemen_Click() {
-    doek_.cls();
-    const double L = doek_.scaleLeft();
-    const double T = doek_.scaleTop();
-    const double W = toLong(doek_.scaleWidth());
-    const double H = toLong(doek_.scaleHeight());
-    const double f = Schaal;
-    doek_.scale(L + divide(W, 2.0 * f), T + divide(H, 2.0 * f), L + divide((f + 1.0) * W, 2.0 * f),
-                T + divide((f + 1.0) * H, 2.0 * f));
+    const Zicht b = huidigZicht(doek_, Schaal);
+    doek_.scale(b.L + divide(b.W, 2.0 * b.f), b.T + divide(b.H, 2.0 * b.f),
+                b.L + divide((b.f + 1.0) * b.W, 2.0 * b.f),
+                b.T + divide((b.f + 1.0) * b.H, 2.0 * b.f));
     // Discs keep their size on the screen.
     ControleStraal = toLong(ControleStraal / 2.0);
     doek_.refresh();
 }
 
 void Zwierlijn::mntBeeldZoomUitzoemen_Click() {
-    doek_.cls();
-    const double L = doek_.scaleLeft();
-    const double T = doek_.scaleTop();
-    const double W = toLong(doek_.scaleWidth());
-    const double H = toLong(doek_.scaleHeight());
-    const double f = Schaal;
-    doek_.scale(L - divide(W, f), T - divide(H, f), L + divide((f + 1.0) * W, f),
-                T + divide((f + 1.0) * H, f));
+    const Zicht b = huidigZicht(doek_, Schaal);
+    doek_.scale(b.L - divide(b.W, b.f), b.T - divide(b.H, b.f),
+                b.L + divide((b.f + 1.0) * b.W, b.f), b.T + divide((b.f + 1.0) * b.H, b.f));
     ControleStraal = toLong(2.0 * ControleStraal);
     doek_.refresh();
 }

@@ -56,15 +56,20 @@ void Zwierlijn::Doek_MouseDown(int Button, int, float X, float Y) {
     }
 }
 
-void Zwierlijn::Doek_MouseMove(int Button, int, float X, float Y) {
-    if (Button != kRechts) {
-        return;
-    }
+// An empty polygon has no point to move.
+void Zwierlijn::sleepPunt(float X, float Y) {
     if (polygon_->graad >= 0.0f) {
         Punt punt;
         punt.vulpunt(X, Y);
         polygon_->zet_punt(static_cast<float>(index), punt);
     }
+}
+
+void Zwierlijn::Doek_MouseMove(int Button, int, float X, float Y) {
+    if (Button != kRechts) {
+        return;
+    }
+    sleepPunt(X, Y);
     doek_.refresh();
 }
 
@@ -72,11 +77,7 @@ void Zwierlijn::Doek_MouseUp(int Button, int, float X, float Y) {
     if (Button != kRechts) {
         return;
     }
-    if (polygon_->graad >= 0.0f) {
-        Punt punt;
-        punt.vulpunt(X, Y);
-        polygon_->zet_punt(static_cast<float>(index), punt);
-    }
+    sleepPunt(X, Y);
     ops_->save();
     evaluator_->stap = toSingle(oude_stap);
     doek_.refresh();
@@ -96,6 +97,8 @@ void Zwierlijn::Doek_Paint() {
             teken_lijn(polygon_->punten(addSingle(i, -1.0f)), polygon_->punten(i), lijnkleur);
         }
     });
+    zet_menus();
+    zet_knoppen();
     if (!mengstat) {
         if (polygon_->orde > 0.0f) {
             evaluator_->teken_spline();

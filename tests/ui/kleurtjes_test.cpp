@@ -39,7 +39,7 @@ TEST(Kleurtjes, AFirstStartAnnouncesAndCreatesTheSettingsFile) {
     EXPECT_EQ(d.dialogs.messages()[0].text,
               "File: " + d.dir.path() + "\\zwierlijn wordt aangemaakt nu. Vergeet het "
               "instellingen formulier niet te initialiseren...");
-    EXPECT_FALSE(d.form->file_bestaat());
+    EXPECT_FALSE(d.form->file_bestaat);
     EXPECT_TRUE(FileExists(d.dir.file("zwierlijn")));
     // The file grows record by record as the user sets values.
     d.dialogs.queueColour(rgb(1, 2, 3));
@@ -48,7 +48,7 @@ TEST(Kleurtjes, AFirstStartAnnouncesAndCreatesTheSettingsFile) {
     EXPECT_EQ(d.record(5), rgb(1, 2, 3));
 
     Dialog again;
-    EXPECT_TRUE(again.form->file_bestaat());
+    EXPECT_TRUE(again.form->file_bestaat);
     EXPECT_TRUE(again.dialogs.messages().empty());
 }
 

@@ -1,90 +1,13 @@
-#include "ui/zwierlijn.h"
-
 #include <QAction>
-#include <QCoreApplication>
 #include <QLabel>
-#include <QMouseEvent>
-#include <QTest>
-#include <cmath>
 
-#include <gtest/gtest.h>
-
-#include "geometry/coordinaten.h"
+#include "editor_fixture.h"
 #include "knots/knoop_vector.h"
 #include "platform/files.h"
-#include "platform/record_file.h"
-#include "platform/scripted_dialogs.h"
 #include "spline/blossom_functie.h"
-#include "storage/opslag.h"
-#include "test_support.h"
-#include "ui/surface_widget.h"
-#include "weights/gewichten_form.h"
 
 namespace zw {
 namespace {
-
-// Every setting distinct, so that a record read into the wrong field shows.
-constexpr std::int32_t kSettings[13] = {0,
-                                        rgb(1, 0, 0),    // 1 Datakleur
-                                        rgb(2, 0, 0),    // 2 krommekleur
-                                        rgb(3, 0, 0),    // 3 controlkleur
-                                        rgb(4, 0, 0),    // 4 doekkleur
-                                        rgb(5, 0, 0),    // 5 lijnkleur
-                                        60,              // 6 ControleStraal
-                                        3000,            // 7 berngrootte
-                                        rgb(8, 0, 0),    // 8 segmentkleur
-                                        7,               // 9 zoom factor, never used
-                                        rgb(10, 0, 0),   // 10 Bezierkleur
-                                        rgb(11, 0, 0),   // 11 Reeel
-                                        rgb(12, 0, 0)};  // 12 virtueel
-
-class EditorTest : public ::testing::Test {
-  protected:
-    explicit EditorTest(bool withSettings = true) {
-        if (withSettings) {
-            RecordFile settings(dir.file("zwierlijn"));
-            for (int r = 1; r <= 12; ++r) {
-                settings.putLong(r, kSettings[r]);
-            }
-        }
-        w = std::make_unique<Zwierlijn>(dir.path(), dialogs, guard);
-        w->show();
-        QCoreApplication::processEvents();
-    }
-
-    // The demonstration polygon: four points, order 4, uniform knots -3 .. 4. It records a
-    // version, and its weights must be there first.
-    void testCurve() {
-        w->gewichten().dimensioneer_gewichten(4.0f);
-        w->polygoon().test();
-        w->Doek().refresh();
-    }
-
-    static QPoint pixel(const Surface& s, double x, double y) {
-        const ScaleMapper m = s.mapper();
-        return QPoint(static_cast<int>(std::lround(m.toPixelX(x))),
-                      static_cast<int>(std::lround(m.toPixelY(y))));
-    }
-    void moveWith(QWidget& widget, Qt::MouseButtons held, QPoint at) {
-        QMouseEvent e(QEvent::MouseMove, at, widget.mapToGlobal(QPointF(at)), Qt::NoButton, held,
-                      Qt::NoModifier);
-        QCoreApplication::sendEvent(&widget, &e);
-    }
-    // A press, one move and a release with one button, in scale units of the widget's surface.
-    void drag(SurfaceWidget& widget, Qt::MouseButton button, double x0, double y0, double x1,
-              double y1) {
-        QTest::mousePress(&widget, button, Qt::NoModifier, pixel(widget.surface(), x0, y0));
-        moveWith(widget, button, pixel(widget.surface(), x1, y1));
-        QTest::mouseRelease(&widget, button, Qt::NoModifier, pixel(widget.surface(), x1, y1));
-    }
-    float version() { return w->ops().versie; }
-    std::vector<DrawRecord> doekLog() { return w->Doek().log(); }
-
-    TestDir dir;
-    ScriptedDialogs dialogs;
-    EventGuard guard{dialogs};
-    std::unique_ptr<Zwierlijn> w;
-};
 
 class FirstStartTest : public EditorTest {
   protected:
@@ -155,8 +78,7 @@ TEST_F(FirstStartTest, AnnouncesTheSettingsFileAndShowsTheDialogModally) {
 TEST_F(EditorTest, LeftClicksAppendPointsEachAVersion) {
     const double at[][2] = {{1500, 1200}, {3000, 4500}, {6000, 1500}};
     for (const auto& p : at) {
-        QTest::mouseClick(&w->doekWidget(), Qt::LeftButton, Qt::NoModifier,
-                          pixel(w->Doek(), p[0], p[1]));
+        click(p[0], p[1]);
     }
     ASSERT_EQ(w->polygoon().graad, 2.0f);
     for (int i = 0; i < 3; ++i) {

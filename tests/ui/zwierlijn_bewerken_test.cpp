@@ -1,0 +1,247 @@
+#include <QAction>
+#include <QApplication>
+#include <QToolBar>
+
+#include "editor_fixture.h"
+#include "knots/knoop_vector.h"
+#include "platform/files.h"
+#include "spline/blossom_functie.h"
+#include "tools/wavelet_matrix.h"
+#include "ui/kleurtjes.h"
+
+namespace zw {
+namespace {
+
+const std::string kNothingMore = "Er is niets anders meer opgeslagen...";
+
+class CommandTest : public EditorTest {
+  protected:
+    bool toolbarEnabled(const char* key) { return w->knop(key)->isEnabled(); }
+    bool menuEnabled(const char* name) { return w->menu(name)->isEnabled(); }
+    void clickButton(const char* key) { w->knop(key)->trigger(); }
+    void clickPoints(int count) {
+        for (int i = 0; i < count; ++i) {
+            click(1500 + 1200 * i, i % 2 == 0 ? 2000 : 6000);
+        }
+    }
+    // A curve of order k through `count` points, in one step as a file would give it.
+    void curve(int k, int count, bool openUniform) {
+        std::vector<std::pair<float, float>> points;
+        for (int i = 0; i < count; ++i) {
+            points.emplace_back(1000.0f + 100.0f * i, i % 2 == 0 ? 2000.0f : 6000.0f);
+        }
+        coordinaten& c = w->polygoon();
+        c.dimensioneer_punten(static_cast<float>(count));
+        w->gewichten().dimensioneer_gewichten(static_cast<float>(count));
+        for (int i = 0; i < count; ++i) {
+            c.zet_punt(i, Punt(points[i].first, points[i].second));
+        }
+        c.orde = static_cast<float>(k);
+        w->vec().dimensioneer_knopenvector(c.graad + c.orde + 1.0f);
+        openUniform ? w->vec().zet_open_uniform() : w->vec().zet_uniform();
+        w->Doek().refresh();
+    }
+    int segments() { return static_cast<int>(w->vec().knopenlengte - 2 * w->polygoon().orde + 1); }
+};
+
+TEST_F(CommandTest, TheToolbarHasItsButtonsInOrderWithTheirTextsAndImages) {
+    const QStringList keys = {"Nieuw",       "Openen",  "Opslaan",      "Exit",    "sep1",
+                              "Undo",        "Redo",    "Mengfuncties", "ZetOrde", "Gewicht",
+                              "OpenUniform", "Uniform", "Helft",        "Spline",  "Inzoemen",
+                              "Uitzoemen",   "Normaal"};
+    const QList<QAction*> actions = w->Tb().actions();
+    ASSERT_EQ(actions.size(), keys.size());
+    for (int i = 0; i < keys.size(); ++i) {
+        EXPECT_EQ(actions[i]->objectName(), keys[i]);
+        EXPECT_EQ(actions[i]->isSeparator(), keys[i] == "sep1");
+        if (!actions[i]->isSeparator()) {
+            // Drawn for the screen it is shown on: twice as many pixels at twice the ratio.
+            const QPixmap twice = actions[i]->icon().pixmap(QSize(24, 24), 2.0);
+            EXPECT_EQ(twice.size(), QSize(48, 48)) << keys[i].toStdString();
+            EXPECT_FALSE(twice.toImage().allGray()) << keys[i].toStdString();
+        }
+    }
+    EXPECT_EQ(w->knop("Nieuw")->toolTip(), "Nieuwe kromme tekenen");
+    EXPECT_EQ(w->knop("Nieuw")->text(), "Niewe kromme");
+    EXPECT_EQ(w->knop("Helft")->toolTip(), "Alle splines in helft splitsen");
+    EXPECT_EQ(w->knop("Undo")->toolTip(), "Ongedaan maken");
+}
+
+TEST_F(CommandTest, AnEmptyCanvasEnablesOnlyWhatItCanDo) {
+    for (const char* key :
+         {"Undo", "Redo", "ZetOrde", "Uniform", "OpenUniform", "Spline", "Helft", "Mengfuncties"}) {
+        EXPECT_FALSE(toolbarEnabled(key)) << key;
+    }
+    for (const char* key : {"Nieuw", "Openen", "Opslaan", "Inzoemen", "Gewicht"}) {
+        EXPECT_TRUE(toolbarEnabled(key)) << key;
+    }
+    for (const char* name : {"mntBewerkenKnopen", "mntBewerkenSpline", "mntBeeldKnopenVector",
+                             "mntBeeldBezier", "mntBeeldMengFuncties", "mntBewerkenUndo"}) {
+        EXPECT_FALSE(menuEnabled(name)) << name;
+    }
+    // No points and no order count as two segments.
+    EXPECT_TRUE(menuEnabled("mntBewerkenWavelet"));
+    EXPECT_TRUE(w->menu("mntbeeldsleepdetail")->isChecked());
+}
+
+TEST_F(CommandTest, ZetOrdeIsForSevenPointsAtMost) {
+    clickPoints(7);
+    EXPECT_TRUE(toolbarEnabled("ZetOrde"));
+    EXPECT_TRUE(menuEnabled("mntBewerkenKnopenZetOrde"));
+    clickPoints(1);
+    EXPECT_FALSE(toolbarEnabled("ZetOrde"));
+    // Without an order the menu's last rule enables the item again; with one it stays off.
+    EXPECT_TRUE(menuEnabled("mntBewerkenKnopenZetOrde"));
+    curve(4, 8, false);
+    EXPECT_FALSE(toolbarEnabled("ZetOrde"));
+    EXPECT_FALSE(menuEnabled("mntBewerkenKnopenZetOrde"));
+}
+
+// ZetOrde makes the Bezier curve of the points, hides the knot pane and flips the knot points.
+TEST_F(CommandTest, ZetOrdeGivesTheBezierCurveAndFlipsThePaneAndTheKnotPoints) {
+    clickPoints(4);
+    const float before = version();
+    clickButton("ZetOrde");
+    EXPECT_EQ(w->polygoon().orde, 4.0f);
+    EXPECT_EQ(version(), before + 1);
+    EXPECT_FALSE(w->knopen_zichtbaar);
+    EXPECT_EQ(w->Knopen().width(), 0.0);
+    EXPECT_FALSE(w->knooppunten);
+    EXPECT_FALSE(w->menu("mntBeeldKnooppunten")->isChecked());
+    for (const char* key : {"Uniform", "OpenUniform", "Spline", "Helft", "Mengfuncties", "Undo"}) {
+        EXPECT_TRUE(toolbarEnabled(key)) << key;
+    }
+    EXPECT_TRUE(menuEnabled("mntBeeldBezier"));
+}
+
+TEST_F(CommandTest, TheWaveletStepIsOfferedForTwoToSixtyFourSegments) {
+    for (int k : {2, 4}) {
+        for (int s : {1, 2, 3, 4, 5, 7, 8, 12, 16, 31, 32, 33, 48, 63, 64, 65}) {
+            curve(k, s + k - 1, true);
+            const bool power = s == 2 || s == 4 || s == 8 || s == 16 || s == 32 || s == 64;
+            EXPECT_EQ(menuEnabled("mntBewerkenWavelet"), power) << k << " " << s;
+        }
+    }
+}
+
+TEST_F(CommandTest, OpenenStartsTheHistoryAgainAndOpslaanLeavesItAlone) {
+    clickPoints(3);
+    clickButton("ZetOrde");
+    const std::string file = dir.file("kromme.zwl");
+    dialogs.queueFileName(file);
+    clickButton("Opslaan");
+    EXPECT_EQ(version(), 5.0f);
+    EXPECT_FALSE(FileExists(dir.file("undoredo/6.zwl")));
+    EXPECT_EQ(dialogs.fileRequests().back().request.filter, w->bestandsdialoog().filter);
+
+    clickButton("Nieuw");
+    EXPECT_EQ(w->polygoon().graad, -1.0f);
+    EXPECT_EQ(version(), 1.0f);
+    EXPECT_TRUE(w->kleurtjes().file_bestaat);
+    dialogs.queueFileName(file);
+    clickButton("Openen");
+    EXPECT_EQ(w->polygoon().graad, 2.0f);
+    EXPECT_EQ(w->polygoon().orde, 3.0f);
+    EXPECT_EQ(version(), 2.0f);
+    EXPECT_EQ(w->ops().maxversie, 2.0f);
+    EXPECT_FALSE(toolbarEnabled("Redo"));
+
+    // A cancelled dialog does nothing.
+    clickButton("Openen");
+    EXPECT_EQ(version(), 2.0f);
+}
+
+// Knot insertion by clicking: one control point more, and the curve stays where it was drawn.
+TEST_F(CommandTest, ASplinePuntClickAddsAPointAndKeepsTheCurve) {
+    curve(4, 6, true);
+    std::vector<Punt> before;
+    for (double t = 0; t <= 3; t += 0.25) {
+        before.push_back(w->polygoon().zoek_coord(
+            w->evaluator().blossom(equalArgs(4, t), std::min(w->vec().geef_segment(t), 3.0f)),
+            std::min(w->vec().geef_segment(t), 3.0f) - 1));
+    }
+    clickButton("Spline");
+    EXPECT_TRUE(w->segment);
+    EXPECT_TRUE(w->knop("Spline")->isChecked());
+    const float v = version();
+    click(before[5].X, before[5].Y);
+    EXPECT_EQ(w->polygoon().graad, 6.0f);
+    EXPECT_EQ(version(), v + 1);
+    double t = 0;
+    for (const Punt& p : before) {
+        const float s = std::min(w->vec().geef_segment(t), static_cast<float>(segments()));
+        const Punt q = w->polygoon().zoek_coord(w->evaluator().blossom(equalArgs(4, t), s), s - 1);
+        EXPECT_NEAR(q.X, p.X, 1.0) << t;
+        EXPECT_NEAR(q.Y, p.Y, 1.0) << t;
+        t += 0.25;
+    }
+    // Clicking the button again leaves the mode and the button pressed.
+    clickButton("Spline");
+    EXPECT_FALSE(w->segment);
+    EXPECT_TRUE(w->knop("Spline")->isChecked());
+}
+
+TEST_F(CommandTest, HelftDoublesTheSegmentsAndTheKnotCommandsRecordVersions) {
+    curve(3, 4, true);
+    ASSERT_EQ(segments(), 2);
+    const float v = version();
+    clickButton("Helft");
+    EXPECT_EQ(segments(), 4);
+    EXPECT_EQ(version(), v + 1);
+    clickButton("Uniform");
+    EXPECT_FALSE(w->vec().openuniform);
+    clickButton("OpenUniform");
+    EXPECT_TRUE(w->vec().openuniform);
+    EXPECT_EQ(version(), v + 3);
+}
+
+TEST_F(CommandTest, TheWaveletStepHalvesTheSegmentsFromTheMenu) {
+    curve(4, 11, true);
+    const float v = version();
+    w->menu("mntBewerkenWavelet")->trigger();  // no tables beside this program yet
+    ASSERT_EQ(dialogs.messages().size(), 1u);
+    EXPECT_EQ(dialogs.messages()[0].text, "de directory " + dir.path() + " \\Wavelet bestaat niet");
+    EXPECT_EQ(segments(), 8);
+    EXPECT_EQ(version(), v + 1);  // recorded all the same
+
+    makeDirectory(dir.file("Wavelet"));
+    writeWaveletTable(dir.file("Wavelet"), 4, 3);
+    w->menu("mntBewerkenWavelet")->trigger();
+    EXPECT_EQ(segments(), 4);
+    EXPECT_EQ(w->polygoon().graad, 6.0f);
+    EXPECT_TRUE(w->vec().openuniform);
+    EXPECT_EQ(version(), v + 2);
+    EXPECT_TRUE(menuEnabled("mntBewerkenWavelet"));
+}
+
+TEST_F(CommandTest, UndoAndRedoWalkTheVersions) {
+    clickPoints(3);
+    w->menu("mntBewerkenUndo")->trigger();
+    w->menu("mntBewerkenUndo")->trigger();
+    EXPECT_EQ(w->polygoon().graad, 0.0f);
+    EXPECT_TRUE(toolbarEnabled("Redo"));
+    // The keyboard as a desktop editor has it.
+    QApplication::setActiveWindow(w.get());
+    QTest::keyClick(w.get(), Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(w->polygoon().graad, 1.0f);
+    QTest::keyClick(w.get(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(w->polygoon().graad, 2.0f);
+    EXPECT_TRUE(dialogs.messages().empty());
+    // At the end of the history the button is off; the command itself says so.
+    EXPECT_FALSE(toolbarEnabled("Redo"));
+    w->mntBewerkenRedo_Click();
+    ASSERT_EQ(dialogs.messages().size(), 1u);
+    EXPECT_EQ(dialogs.messages()[0].text, kNothingMore);
+    QTest::keyClick(w.get(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(w->polygoon().graad, 1.0f);
+}
+
+TEST_F(CommandTest, KleurenShowsTheSettingsDialogBesideTheEditor) {
+    w->menu("mntBeeldKleuren")->trigger();
+    ASSERT_EQ(dialogs.shown().size(), 1u);
+    EXPECT_EQ(dialogs.shown()[0].window, "Kleurtjes");
+    EXPECT_FALSE(dialogs.shown()[0].modal);
+}
+
+}  // namespace
+}  // namespace zw
