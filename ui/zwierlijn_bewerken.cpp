@@ -37,7 +37,9 @@ void Zwierlijn::mntBestandNieuw_Click() {
 
 // The opened curve starts the history again.
 void Zwierlijn::mntBestandOpenen_Click() {
-    const std::string bestand = dialogs_.openFileName(bestandsdialoog_);
+    FileDialogRequest vraag = bestandsdialoog_;
+    vraag.title = "Openen";
+    const std::string bestand = dialogs_.openFileName(vraag);
     if (bestand.empty()) {
         return;
     }
@@ -49,7 +51,9 @@ void Zwierlijn::mntBestandOpenen_Click() {
 }
 
 void Zwierlijn::mntBestandOpslaan_Click() {
-    const std::string bestand = dialogs_.saveFileName(bestandsdialoog_);
+    FileDialogRequest vraag = bestandsdialoog_;
+    vraag.title = "Kromme opslaan";
+    const std::string bestand = dialogs_.saveFileName(vraag);
     if (!bestand.empty()) {
         ops_->opslaan(bestand);
     }
