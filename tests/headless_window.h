@@ -1,6 +1,7 @@
 // The model's main window without widgets: owns the model objects in the window's order and
 // counts the versions it is asked to record. Tests, benchmarks and fuzz targets drive the real
-// model through it; the helpers of test_support.h come along.
+// model through it; the helpers of test_support.h come along. The curve helpers take any main
+// window, the editor's too.
 #pragma once
 
 #include <algorithm>
@@ -18,6 +19,40 @@
 
 namespace zw {
 
+// A curve of order k through the given points with a uniform (or open-uniform) knot vector,
+// every weight 1, as the editor would have it after the points were placed.
+inline void setCurve(MainWindow& w, int k, const std::vector<std::pair<float, float>>& points,
+                     bool openUniform = false) {
+    coordinaten& polygon = w.polygoon();
+    polygon.dimensioneer_punten(static_cast<float>(points.size()));
+    w.gewichten().dimensioneer_gewichten(static_cast<float>(points.size()));
+    float i = 0.0f;
+    for (const auto& [x, y] : points) {
+        polygon.zet_punt(i, Punt(x, y));
+        i += 1.0f;
+    }
+    polygon.orde = static_cast<float>(k);
+    w.vec().dimensioneer_knopenvector(polygon.graad + polygon.orde + 1.0f);
+    if (openUniform) {
+        w.vec().zet_open_uniform();
+    } else {
+        w.vec().zet_uniform();
+    }
+}
+
+// The segments of the real range, knot k - 1 to knot L - k.
+inline int segments(MainWindow& w) {
+    return static_cast<int>(w.vec().knopenlengte - 2 * w.polygoon().orde + 1);
+}
+
+// The curve point the editor draws at t: weighted and rounded, on the segment holding t; the
+// range's end belongs to no segment and is drawn on the last.
+inline Punt drawnPoint(MainWindow& w, double t) {
+    const float s = std::min(w.vec().geef_segment(t), static_cast<float>(segments(w)));
+    return w.polygoon().zoek_coord(w.evaluator().blossom(equalArgs(w.polygoon().orde, t), s),
+                                   s - 1);
+}
+
 class HeadlessWindow : public MainWindow {
   public:
     HeadlessWindow() = default;
@@ -32,24 +67,9 @@ class HeadlessWindow : public MainWindow {
     Surface& meng() override { return meng_; }
     Colour kleur(double i) override { return rgb(static_cast<int>(i) % 8, 0, 0); }
 
-    // A curve of order k through the given points with a uniform (or open-uniform) knot vector,
-    // every weight 1, as the editor would have it after the points were placed.
     void setCurve(int k, const std::vector<std::pair<float, float>>& points,
                   bool openUniform = false) {
-        polygon_.dimensioneer_punten(static_cast<float>(points.size()));
-        gewichten_.dimensioneer_gewichten(static_cast<float>(points.size()));
-        float i = 0.0f;
-        for (const auto& [x, y] : points) {
-            polygon_.zet_punt(i, Punt(x, y));
-            i += 1.0f;
-        }
-        polygon_.orde = static_cast<float>(k);
-        vec_.dimensioneer_knopenvector(polygon_.graad + polygon_.orde + 1.0f);
-        if (openUniform) {
-            vec_.zet_open_uniform();
-        } else {
-            vec_.zet_uniform();
-        }
+        zw::setCurve(*this, k, points, openUniform);
     }
 
     // Whole coordinates up to 10000: exact in a Single, so every rounding seen is the model's.
@@ -71,15 +91,8 @@ class HeadlessWindow : public MainWindow {
         return v;
     }
 
-    // The segments of the real range, knot k - 1 to knot L - k.
-    int segments() const { return static_cast<int>(vec_.knopenlengte - 2 * polygon_.orde + 1); }
-
-    // The curve point the editor draws at t: weighted and rounded, on the segment holding t; the
-    // range's end belongs to no segment and is drawn on the last.
-    Punt drawnPoint(double t) {
-        const float s = std::min(vec_.geef_segment(t), static_cast<float>(segments()));
-        return polygon_.zoek_coord(evaluator_.blossom(equalArgs(polygon_.orde, t), s), s - 1);
-    }
+    int segments() { return zw::segments(*this); }
+    Punt drawnPoint(double t) { return zw::drawnPoint(*this, t); }
 
     int saves = 0;
 

@@ -24,16 +24,10 @@ TEST(FileExists, FilesOnlyWithListingWildcards) {
     touch(dir.file("a.3.4"));
     makeDirectory(dir.file("sub.zwl"));
     const std::pair<std::string, bool> cases[] = {
-        {dir.file("a.3.4"), true},
-        {dir.path() + "\\\\a.3.4", true},
-        {dir.file("a.?.4"), true},
-        {dir.file("*.4"), true},
-        {"", false},
-        {dir.file("a.3.5"), false},
-        {dir.path(), false},
-        {dir.path() + "/", false},
-        {dir.file("sub.zwl"), false},
-        {dir.file("*.zwl"), false},  // only a directory matches
+        {dir.file("a.3.4"), true},     {dir.file("a.?.4"), true},
+        {dir.file("*.4"), true},       {"", false},
+        {dir.file("a.3.5"), false},    {dir.path() + "/", false},
+        {dir.file("sub.zwl"), false},  {dir.file("*.zwl"), false},  // only a directory matches
         {dir.file("no/a.3.4"), false},
     };
     for (const auto& [name, exists] : cases) {

@@ -46,16 +46,11 @@ TEST(SurfaceScaleTest, TwipsFollowTheSizeWhileAUserScaleKeepsItsRectangle) {
     surface.setPixelSize(400, 50);
     EXPECT_DOUBLE_EQ(surface.mapper().toPixelX(0.5), 300);
     EXPECT_DOUBLE_EQ(surface.mapper().toPixelY(-1), 50);
-
-    surface.scaleDefault();
-    EXPECT_EQ(surface.scaleWidth(), 6000);
 }
 
 TEST(SurfaceErrorTest, RefusedValuesRaiseTheClassicErrorAndChangeNothing) {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const std::vector<std::pair<std::function<void(Surface&)>, int>> cases = {
-        {[](Surface& s) { s.setScaleWidth(0); }, kErrInvalidProperty},
-        {[](Surface& s) { s.setScaleHeight(0); }, kErrInvalidProperty},
         {[](Surface& s) { s.setDrawWidth(0); }, kErrInvalidProperty},
         {[](Surface& s) { s.move(0, 0, -15, 15); }, kErrInvalidProperty},
         {[nan](Surface& s) { s.move(nan, 0, 15, 15); }, kErrOverflow},

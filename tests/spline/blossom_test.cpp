@@ -90,15 +90,21 @@ std::vector<std::pair<std::vector<double>, float>> listsOf(HeadlessWindow& w, st
         }
         lists.push_back({insertion, static_cast<float>(s)});
     }
-    // Control points: their own k - 1 knots, on every segment they act on.
+    // Control points: their own k - 1 knots, on every segment, also those they do not act on,
+    // and on the virtual ones.
     for (int i = 0; i + k < L; ++i) {
         std::vector<double> control(k, 0.0);
         for (int m = 0; m + 1 < k; ++m) {
             control[m] = knot(i + 1 + m);
         }
-        for (int s = std::max(1, i - k + 2); s <= i + 1; ++s) {
+        for (int s = 1 - k; s <= w.segments(); ++s) {
             lists.push_back({control, static_cast<float>(s)});
         }
+    }
+    // Lists outside the knots: the first argument at the first knot or below it, a run into the
+    // last knot.
+    for (const double first : {knot(0), knot(0) - 1, knot(L - 1)}) {
+        lists.push_back({std::vector<double>(k, first), 1.0f});
     }
     // The left virtual range, with its negative segment numbers.
     for (int j = 1; j < k; ++j) {
@@ -138,52 +144,16 @@ TEST(Blossom, EqualsTheLiteralRecursionBitForBit) {
     EXPECT_GT(compared, 1000);
 }
 
-// The bezier curve of the demonstration polygon: knots -3 .. 4, range [0, 1].
-struct Cubic : HeadlessWindow {
-    Cubic() { setCurve(4, {{1000, 1000}, {1000, 5000}, {7000, 5000}, {7000, 1000}}); }
-    Array<double> at(const std::vector<double>& values, float sigma) {
-        return evaluator().blossom(arrayOf(values), sigma);
-    }
-};
-
-TEST(Blossom, ListsOutsideTheKnotsGiveTheZeroVector) {
-    Cubic w;
-    const std::vector<double> cases[] = {
-        {-3, 0.5, 0.5, 0},  // first argument at the first knot
-        {-7, 0.5, 0.5, 0},  // below it
-        {4, 4, 4, 0},       // a run into the last knot
-        {3, 4, 0.5, 0},     // a run ending at it
-    };
-    for (const std::vector<double>& list : cases) {
-        EXPECT_TRUE(sameBits(w.at(list, 1), Array<double>(4.0))) << list[0] << " " << list[1];
-    }
-}
-
-TEST(Blossom, ARunThatNamesNoPointOfTheSegmentWeighsTheSpareEntry) {
-    Cubic w;
-    // Knots 1, 2, 3 name control point 0, which does not act on segment 3.
-    Array<double> c = w.at({-2, -1, 0, 0}, 3);
-    EXPECT_EQ(c(4.0), 1.0);
-    // bereken_punt weighs only points that exist: from 2 on, points 2 and 3 but not 6.
-    c(0.0) = c(1.0) = 1.0;
-    const Punt p = w.evaluator().bereken_punt(c, 2);
-    EXPECT_EQ(p.X, 14000.0f);
-    EXPECT_EQ(p.Y, 6000.0f);
-    // A negative segment number moves the unmatched 1.0 down to the last real entry.
-    const Array<double> virtualSegment = w.at({-2, -1, 0, 0}, -3);
-    EXPECT_EQ(virtualSegment(3.0), 1.0);
-    EXPECT_EQ(virtualSegment(4.0), 0.0);
-}
-
 TEST(Blossom, BadOrdersAndListsRaiseRunTimeErrors) {
-    Cubic w;
+    HeadlessWindow w;
+    w.setCurve(4, {{1000, 1000}, {1000, 5000}, {7000, 5000}, {7000, 1000}});
     EXPECT_EQ(errorOf([&] { w.evaluator().blossom(Array<double>(1.0), 1); }), kErrSubscript);
     EXPECT_EQ(errorOf([&] { w.evaluator().bereken_punt(Array<double>(1.0), 0); }), kErrSubscript);
     for (const auto& [orde, error] :
          {std::pair{3.5f, kErrInvalidCall}, std::pair{-1.0f, kErrSubscript},
           std::pair{5000.0f, kErrOutOfMemory}}) {
         w.polygoon().orde = orde;
-        EXPECT_EQ(errorOf([&] { w.at({0.5, 0.5, 0.5, 0.5}, 1); }), error) << orde;
+        EXPECT_EQ(errorOf([&] { w.evaluator().blossom(equalArgs(4, 0.5), 1); }), error) << orde;
     }
 }
 

@@ -134,35 +134,26 @@ TEST(TekenSpline, BlendingValuesOfEverySampleAddUpTo100) {
               std::make_pair(static_cast<float>(log.back().x2), f.mengx));
 }
 
+// Nothing in the editor draws a coloured run yet; what sets it apart from teken_spline stays
+// checked: the plain step even for order 2, the canvas width, no blending functions, and the close
+// on knot k + 1 blended from points 3 on.
 TEST(TekenSpline, InKleurDrawsARunInTheSegmentColourAtTheCanvasWidth) {
     std::mt19937 rng(5);
-    for (const int k : {2, 4}) {
-        SCOPED_TRACE(k);
-        HeadlessWindow w;
-        w.setRandomCurve(rng, k, 7);
-        w.segmentkleur = rgb(4, 5, 6);
-        w.mengstat = true;  // yet nothing goes to meng: its arrays are not even dimensioned
-        w.Doek().setDrawWidth(2);
-        w.evaluator().teken_spline_in_kleur(1, 3);
+    HeadlessWindow w;
+    w.setRandomCurve(rng, 2, 7);
+    w.segmentkleur = rgb(4, 5, 6);
+    w.mengstat = true;  // yet nothing goes to meng: its arrays are not even dimensioned
+    w.Doek().setDrawWidth(2);
+    w.evaluator().teken_spline_in_kleur(1, 3);
 
-        // Always the plain step; the run closes on knot k + 1 blended from points 3 on.
-        std::vector<Vertex> path = expectedPath(w, 1, 3, w.evaluator().stap);
-        const Array<double> c = w.evaluator().blossom(equalArgs(k, w.knots()[k + 1]), 3);
-        const Punt end = w.polygoon().zoek_coord(c, 3);
-        append(path, {end.X, end.Y});
-        const std::vector<DrawRecord> lines = recordsOf(w.Doek(), DrawKind::kLine);
-        EXPECT_EQ(polyline(lines), path);
-        for (const DrawRecord& r : lines) {
-            ASSERT_EQ(std::make_tuple(r.colour, r.drawWidth), std::make_tuple(w.segmentkleur, 2));
-        }
-        // The knot points of segments 1 and 2 and the end of the run.
-        std::vector<Vertex> discs;
-        for (const DrawRecord& d : recordsOf(w.Doek(), DrawKind::kCircle)) {
-            discs.emplace_back(d.x1, d.y1);
-        }
-        const Punt a = w.drawnPoint(w.knots()[k]);
-        const Punt b = w.drawnPoint(w.knots()[k + 1]);
-        EXPECT_EQ(discs, (std::vector<Vertex>{{a.X, a.Y}, {b.X, b.Y}, {end.X, end.Y}}));
+    std::vector<Vertex> path = expectedPath(w, 1, 3, w.evaluator().stap);
+    const Array<double> c = w.evaluator().blossom(equalArgs(2, w.knots()[3]), 3);
+    const Punt end = w.polygoon().zoek_coord(c, 3);
+    append(path, {end.X, end.Y});
+    const std::vector<DrawRecord> lines = recordsOf(w.Doek(), DrawKind::kLine);
+    EXPECT_EQ(polyline(lines), path);
+    for (const DrawRecord& r : lines) {
+        ASSERT_EQ(std::make_tuple(r.colour, r.drawWidth), std::make_tuple(w.segmentkleur, 2));
     }
 }
 

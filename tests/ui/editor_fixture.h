@@ -11,31 +11,34 @@
 
 #include <gtest/gtest.h>
 
-#include "geometry/coordinaten.h"
+#include "headless_window.h"
 #include "platform/record_file.h"
 #include "platform/scripted_dialogs.h"
 #include "storage/opslag.h"
-#include "test_support.h"
 #include "ui/surface_widget.h"
 #include "ui/zwierlijn.h"
-#include "weights/gewichten_form.h"
 
 namespace zw {
 
-// Every setting distinct, so that a record read into the wrong field shows.
-inline constexpr std::int32_t kSettings[13] = {0,
-                                               rgb(1, 0, 0),    // 1 Datakleur
-                                               rgb(2, 0, 0),    // 2 krommekleur
-                                               rgb(3, 0, 0),    // 3 controlkleur
-                                               rgb(4, 0, 0),    // 4 doekkleur
-                                               rgb(5, 0, 0),    // 5 lijnkleur
-                                               60,              // 6 ControleStraal
-                                               3000,            // 7 berngrootte
-                                               rgb(8, 0, 0),    // 8 segmentkleur
-                                               7,               // 9 zoom factor, never used
-                                               rgb(10, 0, 0),   // 10 Bezierkleur
-                                               rgb(11, 0, 0),   // 11 Reeel
-                                               rgb(12, 0, 0)};  // 12 virtueel
+// Every setting distinct, so that a record read into the wrong field shows: colour records r
+// hold rgb(r, 0, 0); record 9, the zoom factor, is never used.
+constexpr std::int32_t setting(int record) {
+    return record == 6 ? 60 : record == 7 ? 3000 : record == 9 ? 7 : rgb(record, 0, 0);
+}
+
+// The settings file's colour records: the settings dialog's button and the window's variable.
+struct ColourSetting {
+    const char* button;
+    Colour MainWindow::*variable;
+    int record;
+};
+inline const ColourSetting kColourSettings[] = {
+    {"Datakleur", &MainWindow::Datakleur, 1},      {"Kromme", &MainWindow::krommekleur, 2},
+    {"Control", &MainWindow::controlkleur, 3},     {"DKKleur", &MainWindow::doekkleur, 4},
+    {"Lijn", &MainWindow::lijnkleur, 5},           {"beeldkleur", &MainWindow::segmentkleur, 8},
+    {"Bezierkleur", &MainWindow::Bezierkleur, 10}, {"Reeel", &MainWindow::Reeel, 11},
+    {"virtueel", &MainWindow::virtueel, 12},
+};
 
 class EditorTest : public ::testing::Test {
   protected:
@@ -43,7 +46,7 @@ class EditorTest : public ::testing::Test {
         if (withSettings) {
             RecordFile settings(dir.file("zwierlijn"));
             for (int r = 1; r <= 12; ++r) {
-                settings.putLong(r, kSettings[r]);
+                settings.putLong(r, setting(r));
             }
         }
         w = std::make_unique<Zwierlijn>(dir.path(), dialogs, guard);

@@ -4,10 +4,8 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "headless_window.h"
+#include "editor_fixture.h"
 #include "platform/files.h"
-#include "platform/scripted_dialogs.h"
-#include "test_support.h"
 #include "ui/kleurtjes.h"
 
 namespace zw {
@@ -36,9 +34,9 @@ struct Dialog {
 TEST(Kleurtjes, AFirstStartAnnouncesAndCreatesTheSettingsFile) {
     Dialog d(false);
     ASSERT_EQ(d.dialogs.messages().size(), 1u);
-    EXPECT_EQ(d.dialogs.messages()[0].text,
-              "File: " + d.dir.path() + "\\zwierlijn wordt aangemaakt nu. Vergeet het "
-              "instellingen formulier niet te initialiseren...");
+    EXPECT_EQ(d.dialogs.messages()[0].text, "File: " + d.dir.path() +
+                                                "\\zwierlijn wordt aangemaakt nu. Vergeet het "
+                                                "instellingen formulier niet te initialiseren...");
     EXPECT_FALSE(d.form->file_bestaat);
     EXPECT_TRUE(FileExists(d.dir.file("zwierlijn")));
     // The file grows record by record as the user sets values.
@@ -52,30 +50,17 @@ TEST(Kleurtjes, AFirstStartAnnouncesAndCreatesTheSettingsFile) {
     EXPECT_TRUE(again.dialogs.messages().empty());
 }
 
+// The records are the ones the editor reads at start-up.
 TEST(Kleurtjes, ColourButtonsSetTheirVariableAndRecord) {
     Dialog d;
-    struct Case {
-        const char* button;
-        Colour MainWindow::*variable;
-        int record;
-    };
-    const Case cases[] = {
-        {"Datakleur", &MainWindow::Datakleur, 1},  {"Kromme", &MainWindow::krommekleur, 2},
-        {"Control", &MainWindow::controlkleur, 3}, {"DKKleur", &MainWindow::doekkleur, 4},
-        {"Lijn", &MainWindow::lijnkleur, 5},       {"beeldkleur", &MainWindow::segmentkleur, 8},
-        {"Bezierkleur", &MainWindow::Bezierkleur, 10}, {"Reeel", &MainWindow::Reeel, 11},
-        {"virtueel", &MainWindow::virtueel, 12},
-    };
     int colour = 100;
-    for (const Case& c : cases) {
+    for (const ColourSetting& c : kColourSettings) {
         d.dialogs.queueColour(++colour);
         d.form->knop(c.button)->click();
         EXPECT_EQ(d.w.*(c.variable), colour) << c.button;
         EXPECT_EQ(d.record(c.record), colour) << c.button;
     }
     EXPECT_EQ(d.w.Doek().backColour(), 104);
-    EXPECT_EQ(d.form->knop("Datakleur")->text(), "Segmentpunten");
-    EXPECT_EQ(d.form->knop("Reeel")->text(), QString::fromUtf8("Re\u00ebel KP"));
     // Cancelled: nothing changes.
     d.dialogs.queueColour(std::nullopt);
     d.form->knop("Kromme")->click();
