@@ -78,7 +78,7 @@ void Zwierlijn::bouwVenster() {
     formulier_->setObjectName(QStringLiteral("formulier"));
     setCentralWidget(formulier_);
 
-    // The knot pane and the blending pane keep the light grey of a classic picture box.
+    // The knot pane keeps the light grey of a classic picture box.
     const Colour paneel = fromQColor(palette().color(QPalette::Window));
     knopen_.setBackColour(paneel);
     meng_.setContainer(&doek_);
@@ -93,7 +93,20 @@ void Zwierlijn::bouwVenster() {
     mengWidget_ = new SurfaceWidget(meng_, guard_, doekWidget_);
     mengWidget_->setObjectName(QStringLiteral("meng"));
     meng_.move(0, 0, 0, 0);
+    verbindPanelen();
+    verbindMenus();
+    zetSneltoetsen();
 
+    QSize size(kFirstWidth, kFirstHeight);
+    if (const QScreen* screen = QGuiApplication::primaryScreen()) {
+        size = size.boundedTo(screen->availableSize() * kMostOfTheScreen);
+    }
+    resize(size);
+    // The start-up lays out its panes in the client area before the window is shown.
+    layout()->activate();
+}
+
+void Zwierlijn::verbindPanelen() {
     doek_.setPaintHandler([this] { Doek_Paint(); });
     doek_.setMouseDownHandler(
         [this](int b, int s, float x, float y) { Doek_MouseDown(b, s, x, y); });
@@ -113,16 +126,6 @@ void Zwierlijn::bouwVenster() {
         [this](int b, int s, float x, float y) { Knopen_MouseMove(b, s, x, y); });
     knopen_.setMouseUpHandler(
         [this](int b, int s, float x, float y) { Knopen_MouseUp(b, s, x, y); });
-    verbindMenus();
-    zetSneltoetsen();
-
-    QSize size(kFirstWidth, kFirstHeight);
-    if (const QScreen* screen = QGuiApplication::primaryScreen()) {
-        size = size.boundedTo(screen->availableSize() * kMostOfTheScreen);
-    }
-    resize(size);
-    // The start-up lays out its panes in the client area before the window is shown.
-    layout()->activate();
 }
 
 void Zwierlijn::verbindMenus() {

@@ -141,6 +141,7 @@ class Zwierlijn : public QMainWindow, public MainWindow {
 
   private:
     void bouwVenster();
+    void verbindPanelen();
     void verbindMenus();
     void zetSneltoetsen();
     void Form_Initialize();
