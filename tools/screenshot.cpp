@@ -21,7 +21,7 @@ namespace {
 const float kPoints[][2] = {{1800, 8200},  {3200, 2400},  {6200, 1800},  {7600, 6400},
                             {10400, 8600}, {12400, 4200}, {14000, 1600}, {16200, 5200}};
 
-void drawCurve(zw::Zwierlijn& w) {
+void drawCurve(zw::ZwierlijnVenster& w) {
     const float count = static_cast<float>(std::size(kPoints));
     w.polygoon().dimensioneer_punten(count);
     w.gewichten().dimensioneer_gewichten(count);
@@ -48,7 +48,7 @@ int main(int argc, char** argv) {
     QTemporaryDir dir;
     zw::writeDefaultSettings(dir.path().toStdString() + "/zwierlijn");
     zw::Application app(dir.path().toStdString(), std::make_unique<zw::ScriptedDialogs>());
-    zw::Zwierlijn& w = app.mainWindow();
+    zw::ZwierlijnVenster& w = app.mainWindow();
     app.show();
     QApplication::processEvents();
     drawCurve(w);

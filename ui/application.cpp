@@ -6,7 +6,7 @@ Application::Application(std::string programDirectory, std::unique_ptr<Dialogs> 
     : programDirectory_(std::move(programDirectory)),
       dialogs_(std::move(dialogs)),
       guard_(*dialogs_),
-      mainWindow_(std::make_unique<Zwierlijn>(programDirectory_, *dialogs_, guard_)) {}
+      mainWindow_(std::make_unique<ZwierlijnVenster>(programDirectory_, *dialogs_, guard_)) {}
 
 Application::~Application() = default;
 

@@ -7,7 +7,7 @@
 
 #include "platform/dialogs.h"
 #include "platform/event_guard.h"
-#include "ui/zwierlijn.h"
+#include "ui/zwierlijn_venster.h"
 
 namespace zw {
 
@@ -21,7 +21,7 @@ class Application {
     const std::string& programDirectory() const { return programDirectory_; }
     Dialogs& dialogs() { return *dialogs_; }
     EventGuard& guard() { return guard_; }
-    Zwierlijn& mainWindow() { return *mainWindow_; }
+    ZwierlijnVenster& mainWindow() { return *mainWindow_; }
 
     void show();
 
@@ -29,7 +29,7 @@ class Application {
     std::string programDirectory_;
     std::unique_ptr<Dialogs> dialogs_;
     EventGuard guard_;
-    std::unique_ptr<Zwierlijn> mainWindow_;
+    std::unique_ptr<ZwierlijnVenster> mainWindow_;
 };
 
 }  // namespace zw

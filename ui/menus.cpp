@@ -6,7 +6,6 @@
 #include <utility>
 #include <vector>
 
-#include "platform/runtime_error.h"
 
 namespace zw {
 
@@ -69,7 +68,7 @@ const MenuEntry kTree[] = {
 
 }  // namespace
 
-Menus::Menus(QMenuBar& bar, EventGuard& guard) : guard_(guard) {
+Menus::Menus(QMenuBar& bar, EventGuard& guard, std::function<void(const QString&)> klik) {
     // The menu that takes the items of each level.
     std::vector<QMenu*> open;
     const int count = static_cast<int>(std::size(kTree));
@@ -90,20 +89,16 @@ Menus::Menus(QMenuBar& bar, EventGuard& guard) : guard_(guard) {
         } else {
             action = open.back()->addAction(caption);
             action->setCheckable(e.checkable);
+            QObject::connect(action, &QAction::triggered, action, [&guard, klik, name, action] {
+                if (action->isCheckable()) {
+                    action->setChecked(!action->isChecked());
+                }
+                guard.run([&] { klik(name); });
+            });
         }
         action->setObjectName(name);
         items_.insert(name, action);
     }
-}
-
-void Menus::onClick(const QString& name, std::function<void()> handler) {
-    QAction* action = item(name);
-    if (action == nullptr) {
-        raise(kErrInternal);
-    }
-    // The handler sets the check mark itself: Qt's own toggle of a checkable item is overridden.
-    QObject::connect(action, &QAction::triggered, action,
-                     [this, h = std::move(handler)] { guard_.run(h); });
 }
 
 }  // namespace zw

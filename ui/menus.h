@@ -16,15 +16,14 @@ namespace zw {
 
 class Menus {
   public:
-    Menus(QMenuBar& bar, EventGuard& guard);
+    // A chosen item hands its name to `klik`, which runs inside the guard. Qt's own toggle of a
+    // check mark is undone first: the program decides what the item shows.
+    Menus(QMenuBar& bar, EventGuard& guard, std::function<void(const QString&)> klik);
 
     // The item of a name, or none for a name not in the tree.
     QAction* item(const QString& name) const { return items_.value(name, nullptr); }
-    // Runs the handler, inside the guard, whenever the item is chosen.
-    void onClick(const QString& name, std::function<void()> handler);
 
   private:
-    EventGuard& guard_;
     QHash<QString, QAction*> items_;
 };
 

@@ -16,7 +16,7 @@
 #include "platform/scripted_dialogs.h"
 #include "storage/opslag.h"
 #include "ui/surface_widget.h"
-#include "ui/zwierlijn.h"
+#include "ui/zwierlijn_venster.h"
 
 namespace zw {
 
@@ -49,7 +49,7 @@ class EditorTest : public ::testing::Test {
                 settings.putLong(r, setting(r));
             }
         }
-        w = std::make_unique<Zwierlijn>(dir.path(), dialogs, guard);
+        w = std::make_unique<ZwierlijnVenster>(dir.path(), dialogs, guard);
         w->show();
         QCoreApplication::processEvents();
     }
@@ -89,7 +89,7 @@ class EditorTest : public ::testing::Test {
     TestDir dir;
     ScriptedDialogs dialogs;
     EventGuard guard{dialogs};
-    std::unique_ptr<Zwierlijn> w;
+    std::unique_ptr<ZwierlijnVenster> w;
 };
 
 }  // namespace zw

@@ -1,41 +1,42 @@
-// The main window: the canvas `Doek`, the knot pane `Knopen` along the bottom, the blending pane
-// `meng` in the canvas' top-right corner, the toolbar `Tb`, the menus and the label `CoordLabel`.
-// It owns the model objects for the whole run, holds the view state, and carries the event
-// handlers of the canvas, the knot pane and the view menu. The model reads it through the
-// MainWindow interface.
+// The main window without its widgets: the canvas `Doek`, the knot pane `Knopen` along the bottom
+// and the blending pane `meng` in the canvas' top-right corner as surfaces, the model objects it
+// owns for the whole run, the view state, the start-up, and every event handler of the canvas,
+// the panes, the menus and the toolbar. The model reads it through the MainWindow interface.
+//
+// What needs widgets is left to a host that derives from this class: the size of the client
+// area, the settings dialog (which owns the settings file) and the weights window, and showing
+// the menus and toolbar as `menus()` and `knoppen()` have them. The editor's Qt window is one
+// host; HeadlessEditor, for the renderer, the fuzz targets and the benchmarks, is another.
 #pragma once
 
-#include <QMainWindow>
+#include <cstdint>
 #include <memory>
 #include <string>
 
 #include "platform/array.h"
 #include "platform/dialogs.h"
-#include "platform/event_guard.h"
 #include "platform/main_window.h"
 #include "platform/surface.h"
-
-class QAction;
-class QLabel;
-class QToolBar;
+#include "window/bedieningen.h"
 
 namespace zw {
 
 class Beeld;
-class Kleurtjes;
-class Menus;
-class Werkbalk;
 class Opslag;
 class Punt;
-class SurfaceWidget;
 class Wavelet;
 
-class Zwierlijn : public QMainWindow, public MainWindow {
+class Zwierlijn : public MainWindow {
   public:
-    // Starts the program in the program directory: Form_Initialize, then Form_Load (which shows
-    // the settings dialog modally on a first start). The window is not shown yet.
-    Zwierlijn(std::string programDirectory, Dialogs& dialogs, EventGuard& guard);
+    Zwierlijn(std::string programDirectory, Dialogs& dialogs);
     ~Zwierlijn() override;
+    Zwierlijn(const Zwierlijn&) = delete;
+    Zwierlijn& operator=(const Zwierlijn&) = delete;
+
+    // Form_Initialize, then Form_Load (which shows the settings dialog modally on a first
+    // start). The host calls it once it can answer for its widgets.
+    void Form_Initialize();
+    void Form_Load();
 
     // --- What the model reads ------------------------------------------------------------------
     coordinaten& polygoon() override { return *polygon_; }
@@ -52,8 +53,12 @@ class Zwierlijn : public QMainWindow, public MainWindow {
     Beeld& be() { return *be_; }
     Wavelet& wavelet() { return *wavelet_; }
     Opslag& ops() { return *ops_; }
-    // The settings dialog; made (and its settings file opened) on first use.
-    Kleurtjes& kleurtjes();
+    const std::string& programDirectory() const { return programDirectory_; }
+
+    // The menu items by name ("mntBeeldBezier") and the toolbar buttons by key ("Mengfuncties"):
+    // enabled, and checked or pressed.
+    Bedieningen& menus() { return menus_; }
+    Bedieningen& knoppen() { return knoppen_; }
 
     // --- Drawing on the canvas -------------------------------------------------------------------
     void teken_lijn(const Punt& P1, const Punt& P2, Colour kleur);
@@ -67,6 +72,7 @@ class Zwierlijn : public QMainWindow, public MainWindow {
     void Knopen_MouseDown(int Button, int Shift, float X, float Y);
     void Knopen_MouseMove(int Button, int Shift, float X, float Y);
     void Knopen_MouseUp(int Button, int Shift, float X, float Y);
+    void Form_Resize();
 
     void mntBeeldZoomInzoemen_Click();
     void mntBeeldZoomUitzoemen_Click();
@@ -91,8 +97,10 @@ class Zwierlijn : public QMainWindow, public MainWindow {
     void mntBewerkenWavelet_Click();
     void mntBewerkenUndo_Click();
     void mntBewerkenRedo_Click();
+    // The menu item of a name, as a click on it; false for a name that has no handler.
+    bool klik(const std::string& naam);
     // The toolbar's click, by the clicked button's key.
-    void Tb_ButtonClick(const QString& key);
+    void Tb_ButtonClick(const std::string& key);
 
     // The enabling and check marks of the menus and the toolbar, after every redraw.
     void zet_menus();
@@ -105,9 +113,8 @@ class Zwierlijn : public QMainWindow, public MainWindow {
     // Closes the settings dialog, the weights window and this window; nothing is saved.
     void sluit_af();
 
-    // --- View state
-    // -------------------------------------------------------------------------------- Detailed
-    // redraw while a control point is dragged.
+    // --- View state ------------------------------------------------------------------------------
+    // Detailed redraw while a control point is dragged.
     bool sleep_detail = true;
     bool knopen_zichtbaar = false;
     bool bezier = false;
@@ -120,43 +127,38 @@ class Zwierlijn : public QMainWindow, public MainWindow {
     // The evaluator's step before the drag started.
     double oude_stap = 0.2;
 
-    // --- Widgets
-    // -----------------------------------------------------------------------------------
-    QAction* menu(const QString& name) const;
-    SurfaceWidget& doekWidget() const { return *doekWidget_; }
-    SurfaceWidget& knopenWidget() const { return *knopenWidget_; }
-    SurfaceWidget& mengWidget() const { return *mengWidget_; }
-    QToolBar& Tb() const { return *tb_; }
-    // A toolbar button by its key.
-    QAction* knop(const QString& key) const;
-    QLabel& CoordLabel() const { return *coordLabel_; }
-    const FileDialogRequest& bestandsdialoog() const { return bestandsdialoog_; }
+    // --- What the host answers for ---------------------------------------------------------------
     // The window's client area in its scale units (twips).
-    float scaleWidth() const;
-    float scaleHeight() const;
+    virtual float scaleWidth() const = 0;
+    virtual float scaleHeight() const = 0;
 
   protected:
-    void closeEvent(QCloseEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    // Record r (1 .. 12) of the settings file, which the settings dialog keeps open.
+    virtual std::int32_t instelling(int record) = 0;
+    // Whether the settings file existed when the dialog opened it; "Nieuw" sets it, so that the
+    // dialog is not shown again at the new start.
+    virtual bool instellingenBestonden() = 0;
+    virtual void zetInstellingenBestonden() = 0;
+    virtual void toonKleurtjes(bool modal) = 0;
+    virtual void sluitKleurtjes() = 0;
+    // Unloads the weights window: its window closes, its weights stay.
+    virtual void sluitGewichten() = 0;
+    // The last step of sluit_af: the window itself goes.
+    virtual void sluitVenster() = 0;
+
+    Dialogs& dialogs() { return dialogs_; }
 
   private:
-    void bouwVenster();
-    void verbindPanelen();
-    void verbindMenus();
-    void zetSneltoetsen();
-    void Form_Initialize();
-    void Form_Load();
-    void Form_Resize();
     void lees_instellingen();
     void vul_kleurentabel();
     void maak_undo_map();
     bool map_bestaat(const std::string& map) const;
     void zetDetail(const char* item, float stap);
     void sleepPunt(float X, float Y);
+    void verbindPanelen();
 
     std::string programDirectory_;
     Dialogs& dialogs_;
-    EventGuard& guard_;
 
     // Surfaces first: the model objects draw on them.
     Surface doek_;
@@ -170,20 +172,11 @@ class Zwierlijn : public QMainWindow, public MainWindow {
     std::unique_ptr<Wavelet> wavelet_;
     std::unique_ptr<Opslag> ops_;
     std::unique_ptr<GewichtenForm> gewichten_;
-    std::unique_ptr<Kleurtjes> kleurtjes_;
 
     Array<Colour> kleuren_;
     FileDialogRequest bestandsdialoog_;
-    bool sluitend_ = false;
-
-    QWidget* formulier_ = nullptr;
-    SurfaceWidget* doekWidget_ = nullptr;
-    SurfaceWidget* knopenWidget_ = nullptr;
-    SurfaceWidget* mengWidget_ = nullptr;
-    QToolBar* tb_ = nullptr;
-    QLabel* coordLabel_ = nullptr;
-    std::unique_ptr<Menus> menus_;
-    std::unique_ptr<Werkbalk> werkbalk_;
+    Bedieningen menus_;
+    Bedieningen knoppen_;
 };
 
 }  // namespace zw

@@ -1,27 +1,19 @@
 // The file and edit commands, the toolbar's dispatch, and the enabling that follows every redraw.
-#include <QAction>
+#include "window/zwierlijn.h"
+
 #include <cmath>
+#include <cstring>
+#include <utility>
 
 #include "geometry/coordinaten.h"
 #include "knots/knoop_vector.h"
 #include "platform/numeric.h"
 #include "spline/blossom_functie.h"
 #include "storage/opslag.h"
-#include "ui/kleurtjes.h"
-#include "ui/werkbalk.h"
-#include "ui/zwierlijn.h"
 #include "wavelet/wavelet.h"
 #include "weights/gewichten_form.h"
 
 namespace zw {
-
-namespace {
-
-void zetAan(QAction* item, bool aan) {
-    item->setEnabled(aan);
-}
-
-}  // namespace
 
 // --- Bestand -----------------------------------------------------------------------------------
 
@@ -32,7 +24,7 @@ void Zwierlijn::mntBestandNieuw_Click() {
     meng_.move(0, 0, 0, 0);
     // A closed weights window starts afresh when it is opened again.
     gewichten_.reset();
-    kleurtjes().file_bestaat = true;
+    zetInstellingenBestonden();
 }
 
 // The opened curve starts the history again.
@@ -124,14 +116,51 @@ void Zwierlijn::mntBewerkenRedo_Click() {
 }
 
 void Zwierlijn::mntBeeldKleuren_Click() {
-    dialogs_.show(kleurtjes(), false);
+    toonKleurtjes(false);
+}
+
+// --- Menus -------------------------------------------------------------------------------------
+
+bool Zwierlijn::klik(const std::string& naam) {
+    using Handler = void (Zwierlijn::*)();
+    static const std::pair<const char*, Handler> handlers[] = {
+        {"mntBestandNieuw", &Zwierlijn::mntBestandNieuw_Click},
+        {"mntBestandOpenen", &Zwierlijn::mntBestandOpenen_Click},
+        {"mntBestandOpslaan", &Zwierlijn::mntBestandOpslaan_Click},
+        {"mntBestandExit", &Zwierlijn::mntBestandExit_Click},
+        {"mntBewerkenSplinePunt", &Zwierlijn::mntBewerkenSplinePunt_Click},
+        {"mntBewerkenSplineHelft", &Zwierlijn::mntBewerkenSplineHelft_Click},
+        {"mntBewerkenKnopenZetOrde", &Zwierlijn::mntBewerkenKnopenZetOrde_Click},
+        {"mntBewerkenKnopenOpenUniform", &Zwierlijn::mntBewerkenKnopenOpenUniform_Click},
+        {"mntBewerkenKnopenZetuniform", &Zwierlijn::mntBewerkenKnopenZetuniform_Click},
+        {"mntBewerkenWavelet", &Zwierlijn::mntBewerkenWavelet_Click},
+        {"mntBewerkenUndo", &Zwierlijn::mntBewerkenUndo_Click},
+        {"mntBewerkenRedo", &Zwierlijn::mntBewerkenRedo_Click},
+        {"mntBeeldZoomInzoemen", &Zwierlijn::mntBeeldZoomInzoemen_Click},
+        {"mntBeeldZoomUitzoemen", &Zwierlijn::mntBeeldZoomUitzoemen_Click},
+        {"mntBeeldZoomNormaal", &Zwierlijn::mntBeeldZoomNormaal_Click},
+        {"mntBeeldKnopenVector", &Zwierlijn::mntBeeldKnopenVector_Click},
+        {"mntBeeldKnooppunten", &Zwierlijn::mntBeeldKnooppunten_Click},
+        {"mntBeeldDetailLow", &Zwierlijn::mntBeeldDetailLow_Click},
+        {"mntBeeldDetailNormaal", &Zwierlijn::mntBeeldDetailNormaal_Click},
+        {"mntBeeldDetailHigh", &Zwierlijn::mntBeeldDetailHigh_Click},
+        {"mntbeeldsleepdetail", &Zwierlijn::mntbeeldsleepdetail_Click},
+        {"mntBeeldKleuren", &Zwierlijn::mntBeeldKleuren_Click},
+    };
+    for (const auto& [item, handler] : handlers) {
+        if (naam == item) {
+            (this->*handler)();
+            return true;
+        }
+    }
+    return false;
 }
 
 // --- Toolbar -----------------------------------------------------------------------------------
 
 // The keys are compared in this order and the first that matches acts. "Spline" and "Helft" are
 // shown pressed by every click and never released.
-void Zwierlijn::Tb_ButtonClick(const QString& key) {
+void Zwierlijn::Tb_ButtonClick(const std::string& key) {
     using Handler = void (Zwierlijn::*)();
     struct Regel {
         const char* key;
@@ -157,17 +186,17 @@ void Zwierlijn::Tb_ButtonClick(const QString& key) {
         {"Gewicht", nullptr, false},
     };
     for (const Regel& r : regels) {
-        if (key != QLatin1String(r.key)) {
+        if (key != r.key) {
             continue;
         }
         if (r.indrukken) {
-            knop(key)->setChecked(true);
+            knoppen_.zetVinkje(key, true);
         }
         if (r.handler != nullptr) {
             (this->*r.handler)();
         }
-        if (key == QLatin1String("Mengfuncties")) {
-            knop(key)->setChecked(mengstat);
+        if (key == "Mengfuncties") {
+            knoppen_.zetVinkje(key, mengstat);
         }
         return;
     }
@@ -180,11 +209,11 @@ void Zwierlijn::zet_knoppen() {
     const float m = ops_->maxversie;
     const float n = polygon_->graad;
     const float k = polygon_->orde;
-    zetAan(knop(QStringLiteral("Undo")), v > 1.0f);
-    zetAan(knop(QStringLiteral("Redo")), v != m);
-    zetAan(knop(QStringLiteral("ZetOrde")), n > 0.0f && n <= 6.0f);
+    knoppen_.zetAan("Undo", v > 1.0f);
+    knoppen_.zetAan("Redo", v != m);
+    knoppen_.zetAan("ZetOrde", n > 0.0f && n <= 6.0f);
     for (const char* key : {"Uniform", "OpenUniform", "Spline", "Helft", "Mengfuncties"}) {
-        zetAan(knop(QString::fromLatin1(key)), k > 0.0f);
+        knoppen_.zetAan(key, k > 0.0f);
     }
 }
 
@@ -194,23 +223,23 @@ void Zwierlijn::zet_menus() {
     const float m = ops_->maxversie;
     const float n = polygon_->graad;
     const float k = polygon_->orde;
-    QAction* wavelet = menu(QStringLiteral("mntBewerkenWavelet"));
-    menu(QStringLiteral("mntbeeldsleepdetail"))->setChecked(sleep_detail);
+    const char* wavelet = "mntBewerkenWavelet";
+    menus_.zetVinkje("mntbeeldsleepdetail", sleep_detail);
     if (vec_->openuniform) {
         if (wavelet_->segmenten_macht_van_2()) {
-            zetAan(wavelet, true);
+            menus_.zetAan(wavelet, true);
         }
     } else {
-        zetAan(wavelet, false);
+        menus_.zetAan(wavelet, false);
     }
-    zetAan(menu(QStringLiteral("mntBewerkenUndo")), v > 1.0f);
+    menus_.zetAan("mntBewerkenUndo", v > 1.0f);
     if (n > 6.0f) {
-        zetAan(menu(QStringLiteral("mntBewerkenKnopenZetOrde")), false);
+        menus_.zetAan("mntBewerkenKnopenZetOrde", false);
     }
-    zetAan(menu(QStringLiteral("mntBewerkenRedo")), v != m);
+    menus_.zetAan("mntBewerkenRedo", v != m);
     // The segment count must be 2 ... 64 exactly: log2 of it compared as computed.
     const double s = divide(logarithm(addSingle(addSingle(n, 2.0f), -k)), std::log(2.0));
-    zetAan(wavelet, s == 1.0 || s == 2.0 || s == 3.0 || s == 4.0 || s == 5.0 || s == 6.0);
+    menus_.zetAan(wavelet, s == 1.0 || s == 2.0 || s == 3.0 || s == 4.0 || s == 5.0 || s == 6.0);
 
     const char* volgtOrde[] = {"mntBewerkenSpline",
                                "mntBewerkenKnopenZetuniform",
@@ -222,21 +251,21 @@ void Zwierlijn::zet_menus() {
                                "mntBeeldBezier"};
     if (k > 0.0f) {
         for (const char* naam : volgtOrde) {
-            zetAan(menu(QString::fromLatin1(naam)), true);
+            menus_.zetAan(naam, true);
         }
         return;
     }
-    zetAan(menu(QStringLiteral("mntBeeldBezier")), false);
+    menus_.zetAan("mntBeeldBezier", false);
     if (n <= 0.0f) {
-        zetAan(menu(QStringLiteral("mntBewerkenKnopen")), false);
+        menus_.zetAan("mntBewerkenKnopen", false);
     } else {
         for (const char* naam : {"mntBewerken", "mntBewerkenKnopen", "mntBewerkenKnopenZetOrde"}) {
-            zetAan(menu(QString::fromLatin1(naam)), true);
+            menus_.zetAan(naam, true);
         }
     }
     for (const char* naam : volgtOrde) {
-        if (qstrcmp(naam, "mntBeeldBezier") != 0) {
-            zetAan(menu(QString::fromLatin1(naam)), false);
+        if (std::strcmp(naam, "mntBeeldBezier") != 0) {
+            menus_.zetAan(naam, false);
         }
     }
 }

@@ -1,10 +1,11 @@
 // The canvas and the knot pane: mouse handling and the canvas' redraw.
+#include "window/zwierlijn.h"
+
 #include "geometry/coordinaten.h"
 #include "knots/knoop_vector.h"
 #include "platform/numeric.h"
 #include "spline/blossom_functie.h"
 #include "storage/opslag.h"
-#include "ui/zwierlijn.h"
 
 namespace zw {
 

@@ -1,11 +1,10 @@
 // The view menu's zoom, detail and display toggles.
-#include <QAction>
+#include "window/zwierlijn.h"
+
+#include <cstring>
 
 #include "platform/numeric.h"
-#include "platform/record_file.h"
 #include "spline/blossom_functie.h"
-#include "ui/kleurtjes.h"
-#include "ui/zwierlijn.h"
 
 namespace zw {
 
@@ -48,13 +47,13 @@ void Zwierlijn::mntBeeldZoomUitzoemen_Click() {
 void Zwierlijn::mntBeeldZoomNormaal_Click() {
     doek_.cls();
     doek_.scale(0, 0, scaleWidth(), scaleHeight());
-    ControleStraal = kleurtjes().instellingen().getLong(6);
+    ControleStraal = instelling(6);
     doek_.refresh();
 }
 
 void Zwierlijn::zetDetail(const char* item, float stap) {
     for (const char* naam : {"mntBeeldDetailLow", "mntBeeldDetailNormaal", "mntBeeldDetailHigh"}) {
-        menu(QString::fromLatin1(naam))->setChecked(qstrcmp(naam, item) == 0);
+        menus_.zetVinkje(naam, std::strcmp(naam, item) == 0);
     }
     evaluator_->stap = stap;
     doek_.refresh();
@@ -74,27 +73,26 @@ void Zwierlijn::mntBeeldDetailHigh_Click() {
 
 // The redraw places the pane (or leaves it hidden when there is no curve).
 void Zwierlijn::mntBeeldKnopenVector_Click() {
-    QAction* item = menu(QStringLiteral("mntBeeldKnopenVector"));
     if (!knopen_zichtbaar) {
         knopen_zichtbaar = true;
-        item->setChecked(true);
+        menus_.zetVinkje("mntBeeldKnopenVector", true);
     } else {
         knopen_zichtbaar = false;
         knopen_.move(0, 0, 0, 0);
-        item->setChecked(false);
+        menus_.zetVinkje("mntBeeldKnopenVector", false);
     }
     doek_.refresh();
 }
 
 void Zwierlijn::mntBeeldKnooppunten_Click() {
     knooppunten = !knooppunten;
-    menu(QStringLiteral("mntBeeldKnooppunten"))->setChecked(knooppunten);
+    menus_.zetVinkje("mntBeeldKnooppunten", knooppunten);
     doek_.refresh();
 }
 
 void Zwierlijn::mntbeeldsleepdetail_Click() {
     sleep_detail = !sleep_detail;
-    menu(QStringLiteral("mntbeeldsleepdetail"))->setChecked(sleep_detail);
+    menus_.zetVinkje("mntbeeldsleepdetail", sleep_detail);
 }
 
 }  // namespace zw
