@@ -142,10 +142,13 @@ void BlossomEngine::growSlots() {
     slotCount_ = heapSlots_.size();
 }
 
-double* BlossomEngine::listAt(std::int32_t depth, int which) {
-    const std::size_t offset = (static_cast<std::size_t>(depth) * 2 + which) * keyLength_;
-    if (offset + keyLength_ > listCapacity_) {
-        std::vector<double> grown(std::max(listCapacity_ * 2, offset + keyLength_));
+// Both lists of a level sit side by side and are made room for together: growing the storage
+// moves it, so a pointer to one list must never be held while room is made for the other.
+double* BlossomEngine::listsAt(std::int32_t depth) {
+    const std::size_t offset = static_cast<std::size_t>(depth) * 2 * keyLength_;
+    const std::size_t end = offset + 2 * keyLength_;
+    if (end > listCapacity_) {
+        std::vector<double> grown(std::max(listCapacity_ * 2, end));
         std::copy(lists_, lists_ + listCapacity_, grown.begin());
         heapLists_.swap(grown);
         lists_ = heapLists_.data();
@@ -187,8 +190,8 @@ std::int32_t BlossomEngine::evaluateList(const double* list, std::int32_t depth)
     const double A = knot(r);
     const double B = knot(std::int64_t{r} - run - 1);
     const double u = args[k - 2];
-    double* a1 = listAt(depth, 0);
-    double* a2 = listAt(depth, 1);
+    double* a1 = listsAt(depth);
+    double* a2 = a1 + keyLength_;
     // B, then all arguments but the last.
     a1[0] = B;
     std::copy(args, args + (k - 2), a1 + 1);
@@ -197,8 +200,10 @@ std::int32_t BlossomEngine::evaluateList(const double* list, std::int32_t depth)
     a2[run] = A;
     std::copy(args + run, args + (k - 2), a2 + run + 1);
 
-    const std::int32_t c1 = evaluateList(listAt(depth, 0), depth + 1);
-    const std::int32_t c2 = evaluateList(listAt(depth, 1), depth + 1);
+    // The deeper levels may move the lists and the nodes: nothing above is used past this point,
+    // and the right list is looked up afresh once the left one is done.
+    const std::int32_t c1 = evaluateList(a1, depth + 1);
+    const std::int32_t c2 = evaluateList(listsAt(depth) + keyLength_, depth + 1);
     const double wa = divide(checkedDouble(A - u), checkedDouble(A - B));
     const double wb = divide(checkedDouble(u - B), checkedDouble(A - B));
     const double* v1 = vectorOf(c1);

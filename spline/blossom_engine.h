@@ -55,7 +55,8 @@ class BlossomEngine {
     double knot(std::int64_t i) const;
     double lastKnot();
     double* vectorOf(std::int32_t node) { return values_ + node * stride_ + keyLength_; }
-    double* listAt(std::int32_t depth, int which);
+    // The left and the right list of a level, k - 1 values each.
+    double* listsAt(std::int32_t depth);
     void growValues();
     void growSlots();
 
