@@ -7,6 +7,7 @@
 #include "platform/array.h"
 #include "platform/numeric.h"
 #include "platform/runtime_error.h"
+#include "platform/werk.h"
 #include "knots/knoop_vector.h"
 
 namespace zw {
@@ -49,6 +50,7 @@ BlossomEngine::BlossomEngine(const double* knots, std::size_t knotCount, float L
         ++sortedPrefix_;  // NaN ends the order as well
     }
     sortedPrefix_ = std::min(sortedPrefix_, searchable);
+    werk(static_cast<std::uint64_t>(sortedPrefix_));
     std::fill(slots_, slots_ + slotCount_, -1);
 }
 
@@ -81,21 +83,42 @@ std::uint32_t BlossomEngine::hashOf(const double* list) const {
     return static_cast<std::uint32_t>(h >> 32);
 }
 
+namespace {
+
+// A plain loop rather than memcmp: the lookups are the evaluator's innermost loop, and under the
+// fuzzer every memcmp is intercepted and traced.
+bool sameBits(const double* a, const double* b, std::size_t n) {
+    for (std::size_t i = 0; i < n; ++i) {
+        std::uint64_t x, y;
+        std::memcpy(&x, &a[i], sizeof x);
+        std::memcpy(&y, &b[i], sizeof y);
+        if (x != y) {
+            return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace
+
 // Lists are compared bit for bit, so that a reused vector is exactly the one the list would give.
 std::int32_t BlossomEngine::lookup(const double* list, std::uint32_t hash) const {
+    werk(keyLength_);
     const std::size_t mask = slotCount_ - 1;
     for (std::size_t slot = hash & mask;; slot = (slot + 1) & mask) {
         const std::int32_t node = slots_[slot];
         if (node < 0) {
             return -1;
         }
-        if (std::memcmp(values_ + node * stride_, list, keyLength_ * sizeof(double)) == 0) {
+        if (sameBits(values_ + node * stride_, list, keyLength_)) {
             return node;
         }
     }
 }
 
+// Every node is hashed, stored and combined once: its share of the work.
 std::int32_t BlossomEngine::insert(const double* list, std::uint32_t hash) {
+    werk(4 * stride_);
     if ((nodeCount_ + 1) * stride_ > valueCapacity_) {
         growValues();
     }
@@ -115,8 +138,11 @@ std::int32_t BlossomEngine::insert(const double* list, std::uint32_t hash) {
     return node;
 }
 
+// Room for at least one node more: a node of a very high order is larger than twice the inline
+// storage.
 void BlossomEngine::growValues() {
-    const std::size_t capacity = valueCapacity_ * 2;
+    const std::size_t capacity =
+        std::max(valueCapacity_ * 2, (static_cast<std::size_t>(nodeCount_) + 1) * stride_);
     if (capacity > static_cast<std::size_t>(kMaxArrayElements)) {
         raise(kErrOutOfMemory);
     }
