@@ -71,6 +71,7 @@ std::int32_t vergelijkRun(const double* knots, std::size_t knotCount, float L,
         while (static_cast<float>(i) < L && knot(i) < v0) {
             ++i;
         }
+        werk(static_cast<std::uint64_t>(i));
     }
     if (v0 < knot(i)) {
         count = 0.0f;

@@ -9,6 +9,7 @@
 
 #include "platform/numeric.h"
 #include "platform/runtime_error.h"
+#include "platform/werk.h"
 
 namespace zw {
 
@@ -72,10 +73,16 @@ class Array {
         if (upper + 1 > kMaxArrayElements) {
             raise(kErrOutOfMemory);
         }
+        werk(static_cast<std::uint64_t>(upper + 1) * kWerk);
         return static_cast<std::size_t>(upper + 1);
     }
 
+    // Every access is work, so that a loop over any array of the model is metered. Elements
+    // that own an object on the heap are made and freed as they are assigned: they weigh more.
+    static constexpr std::uint64_t kWerk = std::is_trivially_copyable_v<T> ? 1 : 30;
+
     std::size_t checkedIndex(double index) const {
+        werk(kWerk);
         const std::int32_t i = toIndex(index);
         if (i < 0 || static_cast<std::size_t>(i) >= items_.size()) {
             raise(kErrSubscript);

@@ -3,12 +3,14 @@
 #include <new>
 
 #include "platform/runtime_error.h"
+#include "platform/werk.h"
 
 namespace zw {
 
 bool EventGuard::run(const std::function<void()>& handler) noexcept {
     int number = 0;
     try {
+        Werkbudget budget;
         handler();
         return true;
     } catch (const RuntimeError& error) {

@@ -1,5 +1,6 @@
 // Every event handler runs inside an EventGuard: a run-time error ends the handler's user
-// action with the run time's message and the program carries on.
+// action with the run time's message and the program carries on. Each run is one action with
+// a budget of work of its own (platform/werk.h).
 #pragma once
 
 #include <functional>

@@ -7,6 +7,7 @@
 #include <cstdint>
 
 #include "platform/runtime_error.h"
+#include "platform/werk.h"
 
 namespace zw {
 
@@ -82,6 +83,7 @@ double logarithm(double x);
 template <typename Body>
 void forSingle(float first, float last, float step, Body&& body) {
     for (float i = first; step >= 0 ? i <= last : i >= last;) {
+        werk(1);
         body(i);
         const float next = addSingle(i, step);
         if (next == i) {

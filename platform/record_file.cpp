@@ -12,6 +12,7 @@
 #include "platform/files.h"
 #include "platform/numeric.h"
 #include "platform/runtime_error.h"
+#include "platform/werk.h"
 
 namespace zw {
 
@@ -90,6 +91,7 @@ bool RecordFile::loadCache() const {
 }
 
 std::uint32_t RecordFile::getRaw(double record) const {
+    werk(kWerkLezen);
     const std::int64_t offset = offsetOf(record);
     if (fd_ < 0) {
         raise(kErrBadFileName);
@@ -122,6 +124,7 @@ std::uint32_t RecordFile::getRaw(double record) const {
 }
 
 void RecordFile::putRaw(double record, std::uint32_t bits) {
+    werk(kWerkSchrijven);
     const std::int64_t offset = offsetOf(record);
     if (fd_ < 0) {
         raise(kErrBadFileName);

@@ -9,6 +9,7 @@
 
 #include "platform/numeric.h"
 #include "platform/runtime_error.h"
+#include "platform/werk.h"
 
 namespace zw {
 
@@ -179,6 +180,7 @@ ScaleMapper Surface::mapper() const {
 
 void Surface::cls() {
     finishPainting();
+    werk(static_cast<std::uint64_t>(pixelWidth_) * static_cast<std::uint64_t>(pixelHeight_));
     if (!image_.isNull()) {
         image_.fill(toQColor(backColour_));
     }
@@ -205,6 +207,14 @@ void Surface::setFillStyle(int style) {
     fillStyle_ = style;
 }
 
+// Rasterising costs by the pixels a primitive covers, and nothing beyond the image's diagonal
+// is drawn.
+std::uint64_t Surface::bedekt(double pixels) const {
+    const double diagonal = std::hypot(pixelWidth_, pixelHeight_);
+    const double covered = std::isfinite(pixels) ? std::min(std::fabs(pixels), diagonal) : 0.0;
+    return static_cast<std::uint64_t>(covered);
+}
+
 // Each record carries the pen and fill in force at the time, so later changes of state cannot
 // rewrite what the log says was drawn.
 void Surface::logPrimitive(DrawKind kind, double x1, double y1, double x2, double y2, double radius,
@@ -213,11 +223,11 @@ void Surface::logPrimitive(DrawKind kind, double x1, double y1, double x2, doubl
 }
 
 void Surface::line(double x1, double y1, double x2, double y2, Colour colour) {
-    logPrimitive(DrawKind::kLine, x1, y1, x2, y2, 0.0, colour);
-
     const ScaleMapper map = mapper();
     const QPointF from(map.toPixelX(x1), map.toPixelY(y1));
     const QPointF to(map.toPixelX(x2), map.toPixelY(y2));
+    werk(kWerkLijn + kWerkPerPixel * bedekt(std::hypot(to.x() - from.x(), to.y() - from.y())));
+    logPrimitive(DrawKind::kLine, x1, y1, x2, y2, 0.0, colour);
     if (!isFinite(from) || !isFinite(to)) {
         return;
     }
@@ -231,11 +241,11 @@ void Surface::line(double x1, double y1, double x2, double y2, Colour colour) {
 }
 
 void Surface::circle(double x, double y, double radius, Colour colour) {
-    logPrimitive(DrawKind::kCircle, x, y, 0.0, 0.0, radius, colour);
-
     const ScaleMapper map = mapper();
     const QPointF centre(map.toPixelX(x), map.toPixelY(y));
     const double pixelRadius = map.widthToPixels(radius);
+    werk(kWerkCirkel + kWerkPerPixelStraal * bedekt(pixelRadius));
+    logPrimitive(DrawKind::kCircle, x, y, 0.0, 0.0, radius, colour);
     if (!isFinite(centre) || !std::isfinite(pixelRadius)) {
         return;
     }

@@ -7,6 +7,7 @@
 // so that what a drawing routine produced can be checked as geometry rather than as pixels.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -155,6 +156,7 @@ class Surface {
     double containerHeightOf(int pixels) const;
     void followSize();
     void setUserScale(double left, double top, double width, double height);
+    std::uint64_t bedekt(double pixels) const;
     void logPrimitive(DrawKind kind, double x1, double y1, double x2, double y2, double radius,
                       Colour colour);
     void paint(const std::function<void(QPainter&)>& draw);

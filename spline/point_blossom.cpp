@@ -7,6 +7,7 @@
 #include "platform/array.h"
 #include "platform/numeric.h"
 #include "platform/runtime_error.h"
+#include "platform/werk.h"
 #include "spline/blossom_engine.h"
 
 namespace zw {
@@ -43,6 +44,7 @@ bool PointBlossom::applies(const double* args) {
         }
         ++top_;
     }
+    werk(static_cast<std::uint64_t>(top_));
     return knots_[top_ - 1] < knots_[top_] && knots_[top_] != t_;
 }
 
@@ -55,6 +57,8 @@ const double* PointBlossom::evaluate(const double* args) {
     if (static_cast<double>(nodes) * (k + 1) > static_cast<double>(kMaxArrayElements)) {
         return nullptr;  // the general recursion decides whether such an order fits at all
     }
+    // Each node of the triangle is a combination of k + 1 values.
+    werk(nodes * (k + 1));
     if (nodes > kInlineNodes || nodes * (k + 1) > kInlineValues) {
         heapValues_.assign(nodes * (k + 1), 0.0);
         heapDone_.assign(nodes, 0);
