@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <exception>
 
-#include "tools/default_settings.h"
+#include "window/instellingen.h"
 
 int main(int argc, char** argv) {
     if (argc != 2) {
@@ -12,7 +12,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     try {
-        zw::writeDefaultSettings(argv[1]);
+        zw::schrijfStandaardInstellingen(argv[1]);
     } catch (const std::exception& e) {
         std::fprintf(stderr, "default_settings: %s: %s\n", argv[1], e.what());
         return 1;

@@ -11,7 +11,7 @@
 #include "geometry/coordinaten.h"
 #include "knots/knoop_vector.h"
 #include "platform/scripted_dialogs.h"
-#include "tools/default_settings.h"
+#include "window/instellingen.h"
 #include "ui/application.h"
 #include "weights/gewichten_form.h"
 
@@ -46,7 +46,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     QTemporaryDir dir;
-    zw::writeDefaultSettings(dir.path().toStdString() + "/zwierlijn");
+    zw::schrijfStandaardInstellingen(dir.path().toStdString() + "/zwierlijn");
     zw::Application app(dir.path().toStdString(), std::make_unique<zw::ScriptedDialogs>());
     zw::ZwierlijnVenster& w = app.mainWindow();
     app.show();

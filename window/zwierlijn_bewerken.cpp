@@ -64,6 +64,8 @@ void Zwierlijn::mntBewerkenSplinePunt_Click() {
 
 void Zwierlijn::mntBewerkenSplineHelft_Click() {
     evaluator_->splits_in_helft();
+    // The split shows its new knots on the curve; the item's mark says so.
+    menus_.zetVinkje("mntBeeldKnooppunten", knooppunten);
     doek_.refresh();
     plaats_knopenvenster();
     ops_->save();

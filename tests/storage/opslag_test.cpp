@@ -182,19 +182,6 @@ TEST(Opslag, DamagedCountsEndWithARunTimeError) {
     EXPECT_FALSE(FileExists(s.dir.file("missing.zwl")));
 }
 
-// Inputs the fuzzer found interesting; each opens or fails with a classic error.
-TEST(Opslag, TheFuzzCorpusOpensWithoutCrashing) {
-    const std::filesystem::path corpus =
-        std::filesystem::path(ZW_SOURCE_DIR) / "tests/storage/corpus";
-    int files = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(corpus)) {
-        Store s;
-        errorOf([&] { s.ops.openen(entry.path().string()); });
-        ++files;
-    }
-    EXPECT_GT(files, 0);
-}
-
 TEST(Opslag, UndoAndRedoWalkTheVersions) {
     Store s;
     const auto point = [&](float x) {

@@ -1,0 +1,61 @@
+// What a user can do with a curve file, as one script of user actions on the whole editor: open
+// it, see it with the knot pane, split every segment, insert a knot, take a wavelet step, zoom,
+// undo and redo. Each step is one action in the event guard, as the editor runs it, so each ends
+// in success or in its classic run-time error, within its budget of work. The fuzz target and
+// the corpus replay share it.
+#pragma once
+
+#include <string>
+
+#include "knots/knoop_vector.h"
+#include "geometry/coordinaten.h"
+#include "platform/event_guard.h"
+#include "platform/numeric.h"
+#include "platform/scripted_dialogs.h"
+#include "spline/blossom_functie.h"
+#include "storage/opslag.h"
+#include "window/headless_editor.h"
+
+namespace zw {
+
+// A knot goes in at the middle of the real range, knot k - 1 to knot L - k, as a click there in
+// the "Punt" mode would put it.
+inline void voegKnoopInHetMidden(HeadlessEditor& w) {
+    const float k = w.polygoon().orde;
+    const float L = w.vec().knopenlengte;
+    const double van = w.vec().knoop(addSingle(k, -1.0f));
+    const double tot = w.vec().knoop(addSingle(L, -k));
+    double t = checkedDouble(van + checkedDouble(tot - van) / 2.0);
+    w.evaluator().maak_spline(t);
+    w.ops().save();
+    w.Doek().refresh();
+    w.plaats_knopenvenster();
+}
+
+// Returns whether the file opened.
+inline bool speelAf(HeadlessEditor& w, ScriptedDialogs& dialogs, const std::string& bestand) {
+    EventGuard guard(dialogs);
+    const bool geopend = guard.run([&] {
+        dialogs.queueFileName(bestand);
+        w.klik("mntBestandOpenen");
+    });
+    guard.run([&] {
+        if (!w.knopen_zichtbaar) {
+            w.klik("mntBeeldKnopenVector");
+        }
+    });
+    guard.run([&] { w.klik("mntBewerkenSplineHelft"); });
+    guard.run([&] { voegKnoopInHetMidden(w); });
+    guard.run([&] {
+        if (w.menus().aan("mntBewerkenWavelet")) {
+            w.klik("mntBewerkenWavelet");
+        }
+    });
+    for (const char* naam :
+         {"mntBeeldZoomInzoemen", "mntBeeldZoomUitzoemen", "mntBewerkenUndo", "mntBewerkenRedo"}) {
+        guard.run([&] { w.klik(naam); });
+    }
+    return geopend;
+}
+
+}  // namespace zw
