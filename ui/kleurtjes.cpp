@@ -1,6 +1,8 @@
 #include "ui/kleurtjes.h"
 
+#include <QApplication>
 #include <QEvent>
+#include <QFocusEvent>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -99,21 +101,47 @@ QPushButton* Kleurtjes::knop(const QString& name) const {
 }
 
 void Kleurtjes::showEvent(QShowEvent* event) {
-    // Form_Load and Form_Activate: the text boxes show the current values.
+    // Form_Load: the text boxes show the current values.
     guard_.run([this] { toonWaarden(); });
     QWidget::showEvent(event);
 }
 
-// Enter in a text box is its KeyPress with key code 13; leaving it is its Validate.
+bool Kleurtjes::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate) {
+        guard_.run([this] { Form_Activate(); });
+    }
+    return QWidget::event(event);
+}
+
+// Back in the dialog after a zoom, say: the boxes show the radius and size in force now.
+void Kleurtjes::Form_Activate() {
+    toonWaarden();
+}
+
+// A classic form validates a box when the focus moves on to another of its own controls. A
+// switch to another window leaves the box as it is: its text may be older than the value (a zoom
+// halves the radius), and validating it then would silently undo that.
+bool Kleurtjes::naarAnderVeld(const QEvent* event) const {
+    const auto reason = static_cast<const QFocusEvent*>(event)->reason();
+    if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason) {
+        return false;
+    }
+    const QWidget* nieuw = QApplication::focusWidget();
+    return nieuw != nullptr && isAncestorOf(nieuw);
+}
+
+// Enter in a text box is its KeyPress with key code 13; moving on to another control is its
+// Validate.
 bool Kleurtjes::eventFilter(QObject* watched, QEvent* event) {
     const bool enter = event->type() == QEvent::KeyPress &&
                        (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Return ||
                         static_cast<QKeyEvent*>(event)->key() == Qt::Key_Enter);
-    if (watched == straal_ && (enter || event->type() == QEvent::FocusOut)) {
+    const bool valideer = event->type() == QEvent::FocusOut && naarAnderVeld(event);
+    if (watched == straal_ && (enter || valideer)) {
         guard_.run([this] { Straal_Validate(); });
     } else if (watched == bern_ && enter) {
         guard_.run([this] { bern_KeyPress_Enter(); });
-    } else if (watched == bern_ && event->type() == QEvent::FocusOut) {
+    } else if (watched == bern_ && valideer) {
         guard_.run([this] { bern_Validate(); });
     }
     return QWidget::eventFilter(watched, event);

@@ -47,6 +47,7 @@ class Kleurtjes : public QWidget, public ShowableWindow {
 
   protected:
     void showEvent(QShowEvent* event) override;
+    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
@@ -56,6 +57,8 @@ class Kleurtjes : public QWidget, public ShowableWindow {
     void bern_Validate();
     void bern_KeyPress_Enter();
     void Exit_Click();
+    void Form_Activate();
+    bool naarAnderVeld(const QEvent* event) const;
     void toonWaarden();
     void ververs();
 

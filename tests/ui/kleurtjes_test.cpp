@@ -79,20 +79,30 @@ TEST(Kleurtjes, TheRadiusIsRoundedHalvesToEven) {
     }
 }
 
-TEST(Kleurtjes, EnterInTheBlendingSizeAppliesTheLastValidatedValue) {
+TEST(Kleurtjes, EnterAppliesTheLastValidatedValueAndOnlyMovingWithinTheDialogValidates) {
     Dialog d;
     d.w.berngrootte = 3000;
     d.form->show();
+    d.form->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(d.form.get()));
+    d.form->bern()->setFocus();
     EXPECT_EQ(d.form->bern()->text(), "3000");
     d.type(d.form->bern(), "2500");
     QTest::keyClick(d.form->bern(), Qt::Key_Return);
     EXPECT_EQ(d.w.berngrootte, 0);  // nothing validated yet
-    d.form->Straal()->setFocus();
-    QApplication::processEvents();
-    QFocusEvent leave(QEvent::FocusOut);
-    QCoreApplication::sendEvent(d.form->bern(), &leave);
+    d.form->Straal()->setFocus(Qt::TabFocusReason);
     EXPECT_EQ(d.w.berngrootte, 2500);
     EXPECT_EQ(d.record(7), 2500);
+    // A switch to another window validates nothing: the box's text is stale after a zoom, which
+    // the dialog shows when it is active again.
+    d.w.ControleStraal = 30;
+    QFocusEvent away(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+    QCoreApplication::sendEvent(d.form->Straal(), &away);
+    EXPECT_EQ(d.w.ControleStraal, 30);
+    EXPECT_NE(d.record(6), 30);
+    QEvent back(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(d.form.get(), &back);
+    EXPECT_EQ(d.form->Straal()->text(), "30");
     d.type(d.form->Straal(), "77");
     d.form->knop("Exit")->click();
     EXPECT_EQ(d.w.ControleStraal, 77);
