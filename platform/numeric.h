@@ -12,11 +12,42 @@
 namespace zw {
 
 // Rounds to a whole number, halves to the even neighbour (2.5 -> 2, 3.5 -> 4, -2.5 -> -2).
-// Infinities and NaN come back unchanged.
-double roundHalfEven(double x);
+// Infinities and NaN come back unchanged. Inline and without the library's floor: every curve
+// point is rounded so, twice per sample.
+inline double roundHalfEven(double x) {
+    // From 2^52 on every double is whole; NaN fails the comparison and comes back too.
+    if (!(std::fabs(x) < 4503599627370496.0)) {
+        return x;
+    }
+    const double truncated = static_cast<double>(static_cast<std::int64_t>(x));
+    const double lower = truncated > x ? truncated - 1.0 : truncated;
+    const double fraction = x - lower;  // exact for every double
+    if (fraction != 0.5) {
+        return fraction > 0.5 ? lower + 1.0 : lower;
+    }
+    return std::fmod(lower, 2.0) == 0.0 ? lower : lower + 1.0;
+}
+
+// Whether x is a whole number, as x == floor(x) answers it (infinities are, NaN is not), without
+// the library's floor: the evaluator asks it several times per curve point.
+inline bool isWhole(double x) {
+    if (std::isnan(x)) {
+        return false;
+    }
+    if (!(std::fabs(x) < 4503599627370496.0)) {  // from 2^52 on every double is whole
+        return true;
+    }
+    return x == static_cast<double>(static_cast<std::int64_t>(x));
+}
 
 // CInt: rounded halves to even, error 6 outside -32768..32767 and for NaN.
-std::int16_t toInteger(double x);
+inline std::int16_t toInteger(double x) {
+    const double r = roundHalfEven(x);
+    if (!(r >= -32768.0 && r <= 32767.0)) {
+        raise(kErrOverflow);
+    }
+    return static_cast<std::int16_t>(r);
+}
 
 // The general case of toLong: a value that is not already a whole number in range.
 std::int32_t roundToLong(double x);
