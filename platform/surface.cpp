@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <cfloat>
 #include <cmath>
+#include <cstring>
 
 #include <QPainter>
 #include <QPen>
 
 #include "platform/numeric.h"
 #include "platform/runtime_error.h"
+#include "platform/strokes.h"
 #include "platform/werk.h"
 
 namespace zw {
@@ -51,9 +53,76 @@ int deviceExtent(int logical, qreal ratio) {
     return toLong(std::ceil(logical * ratio));
 }
 
+// Collected lines keep their points to within this fraction of a device pixel: antialiasing
+// shows a shift of an eighth of a pixel as a change of an eighth in the coverage of an edge
+// pixel, which the eye does not see.
+constexpr double kTolerance = 0.125;
+// At most this many kept points wait to be painted; a longer run is painted in parts. With a
+// point 16 bytes, the waiting lines of a surface stay within a few hundred kilobytes.
+constexpr std::size_t kMaxVertices = 16384;
+// A fan of more lines than this is drawn line by line, so that its bookkeeping stays small.
+constexpr std::size_t kMaxFanLines = 1024;
+// The points thinned at a time: of a run of lines, and of each line of a fan. The last point of
+// each part becomes a vertex, whose square caps show as a slightly darker spot; the parts are as
+// long as the worst case of the thinning (a zigzag, quadratic in the part) allows.
+constexpr std::size_t kStrokeRun = 1024;
+constexpr std::size_t kFanRun = 256;
+// The work of a line that continues the one before, and of each line of a fan whose value stays
+// the same: the rasteriser meets them only as part of a longer stroke.
+constexpr std::uint64_t kWerkVervolg = 100;
+constexpr std::uint64_t kWerkWaaier = 2;
+
+QRgb opaque(Colour c) {
+    return qRgb(redOf(c), greenOf(c), blueOf(c));
+}
+
+std::uint32_t bitsOf(float x) {
+    std::uint32_t bits = 0;
+    std::memcpy(&bits, &x, sizeof bits);
+    return bits;
+}
+
 }  // namespace
 
-Surface::Surface() {
+// The lines collected and not yet painted: one run of line() calls, or one fan.
+struct Surface::Batch {
+    enum class Kind { kNone, kStroke, kFan };
+    struct FanLine {
+        ThinPolyline line;
+        double fedX = 0.0;  // pixel x of the last point given to the polyline
+    };
+    // A line of the fan whose value moved, with its ends in pixels.
+    struct Change {
+        std::size_t i;
+        double py1;
+        double py2;
+        std::uint32_t bits2;
+    };
+
+    Kind kind = Kind::kNone;
+    int width = 1;
+    // The run of lines: its colour, where its last line ended (scale units), its points.
+    Colour colour = 0;
+    double endX = 0.0;
+    double endY = 0.0;
+    ThinPolyline stroke;
+    // The fan: its colours, its x (scale units and pixels), each line's value as bits and its
+    // polyline. A line whose value stays the same is given no points: it runs level from its
+    // last point to the fan's x.
+    std::vector<Colour> palette;
+    double fanX = 0.0;
+    double fanPx = 0.0;
+    std::vector<std::uint32_t> ends;
+    std::vector<FanLine> lines;
+    std::size_t kept = 0;
+
+    std::vector<Change> changes;
+    std::vector<QPointF> points;
+    std::vector<QLineF> segments;
+    DiscSprites discs;
+};
+
+Surface::Surface() : batch_(std::make_unique<Batch>()) {
     followSize();
 }
 
@@ -86,6 +155,7 @@ bool Surface::resizeImage(int width, int height, qreal ratio) {
     if (static_cast<double>(deviceWidth) * deviceHeight > kMaxImagePixels) {
         raise(kErrOutOfMemory);
     }
+    discard();
     finishPainting();
     QImage image;
     if (deviceWidth > 0 && deviceHeight > 0) {
@@ -98,6 +168,7 @@ bool Surface::resizeImage(int width, int height, qreal ratio) {
     image_ = std::move(image);
     pixelWidth_ = width;
     pixelHeight_ = height;
+    diagonal_ = std::hypot(width, height);
     devicePixelRatio_ = ratio;
     if (!userScale_) {
         followSize();
@@ -157,7 +228,9 @@ void Surface::setScaleHeight(double value) {
     setUserScale(scaleLeft_, scaleTop_, scaleWidth_, value);
 }
 
+// Lines collected so far were placed by the old scale.
 void Surface::setUserScale(double left, double top, double width, double height) {
+    flush();
     userScale_ = true;
     scaleLeft_ = left;
     scaleTop_ = top;
@@ -166,6 +239,7 @@ void Surface::setUserScale(double left, double top, double width, double height)
 }
 
 void Surface::followSize() {
+    flush();
     scaleLeft_ = 0.0;
     scaleTop_ = 0.0;
     scaleWidth_ = pixelWidth_ * kTwipsPerPixel;
@@ -179,6 +253,7 @@ ScaleMapper Surface::mapper() const {
 // --- Drawing ---------------------------------------------------------------------------------
 
 void Surface::cls() {
+    discard();
     finishPainting();
     werk(static_cast<std::uint64_t>(pixelWidth_) * static_cast<std::uint64_t>(pixelHeight_));
     if (!image_.isNull()) {
@@ -210,8 +285,7 @@ void Surface::setFillStyle(int style) {
 // Rasterising costs by the pixels a primitive covers, and nothing beyond the image's diagonal
 // is drawn.
 std::uint64_t Surface::bedekt(double pixels) const {
-    const double diagonal = std::hypot(pixelWidth_, pixelHeight_);
-    const double covered = std::isfinite(pixels) ? std::min(std::fabs(pixels), diagonal) : 0.0;
+    const double covered = std::isfinite(pixels) ? std::min(std::fabs(pixels), diagonal_) : 0.0;
     return static_cast<std::uint64_t>(covered);
 }
 
@@ -219,25 +293,193 @@ std::uint64_t Surface::bedekt(double pixels) const {
 // rewrite what the log says was drawn.
 void Surface::logPrimitive(DrawKind kind, double x1, double y1, double x2, double y2, double radius,
                            Colour colour) {
-    log_.push_back({kind, x1, y1, x2, y2, radius, colour, drawWidth_, fillStyle_, fillColour_});
+    if (logging_) {
+        log_.push_back({kind, x1, y1, x2, y2, radius, colour, drawWidth_, fillStyle_, fillColour_});
+    }
+}
+
+void Surface::setLogging(bool on) {
+    logging_ = on;
+    if (!on) {
+        std::vector<DrawRecord>().swap(log_);
+    }
 }
 
 void Surface::line(double x1, double y1, double x2, double y2, Colour colour) {
+    Batch& b = *batch_;
     const ScaleMapper map = mapper();
-    const QPointF from(map.toPixelX(x1), map.toPixelY(y1));
     const QPointF to(map.toPixelX(x2), map.toPixelY(y2));
-    werk(kWerkLijn + kWerkPerPixel * bedekt(std::hypot(to.x() - from.x(), to.y() - from.y())));
-    logPrimitive(DrawKind::kLine, x1, y1, x2, y2, 0.0, colour);
-    if (!isFinite(from) || !isFinite(to)) {
+    if (b.kind == Batch::Kind::kStroke && colour == b.colour && drawWidth_ == b.width &&
+        x1 == b.endX && y1 == b.endY && isFinite(to)) {
+        const QPointF step = to - b.stroke.newest();
+        werk(kWerkVervolg + kWerkPerPixel * bedekt(std::sqrt(QPointF::dotProduct(step, step))));
+        logPrimitive(DrawKind::kLine, x1, y1, x2, y2, 0.0, colour);
+        b.endX = x2;
+        b.endY = y2;
+        b.kept += b.stroke.add(to);
+        if (b.kept >= kMaxVertices) {
+            // Painted in parts; the run goes on from its newest point.
+            const QPointF newest = b.stroke.newest();
+            flush();
+            b.stroke.start(newest, kTolerance / devicePixelRatio_, kStrokeRun);
+            b.kind = Batch::Kind::kStroke;
+        }
         return;
     }
-    // Square caps: curves are drawn as runs of short wide lines, and at the curve's three pixels
-    // square caps look the same as round ones while stroking about three times faster.
-    paint([&](QPainter& painter) {
-        painter.setPen(
-            QPen(toQColor(colour), drawWidth_, Qt::SolidLine, Qt::SquareCap, Qt::RoundJoin));
-        painter.drawLine(from, to);
-    });
+    const QPointF from(map.toPixelX(x1), map.toPixelY(y1));
+    werk(kWerkLijn + kWerkPerPixel * bedekt(std::hypot(to.x() - from.x(), to.y() - from.y())));
+    logPrimitive(DrawKind::kLine, x1, y1, x2, y2, 0.0, colour);
+    flush();
+    if (!isFinite(from) || !isFinite(to) || image_.isNull()) {
+        return;
+    }
+    b.kind = Batch::Kind::kStroke;
+    b.colour = colour;
+    b.width = drawWidth_;
+    b.endX = x2;
+    b.endY = y2;
+    b.kept = 0;
+    b.stroke.start(from, kTolerance / devicePixelRatio_, kStrokeRun);
+    b.stroke.add(to);
+    notifyImageChanged();
+}
+
+void Surface::lineFan(double x1, const float* y1, double x2, const float* y2, std::size_t count,
+                      const Colour* colours, std::size_t colourCount, std::size_t movedFrom,
+                      std::size_t movedTo) {
+    if (colourCount == 0) {
+        raise(kErrInvalidCall);
+    }
+    movedTo = std::min(movedTo, count);
+    movedFrom = std::min(movedFrom, movedTo);
+    const ScaleMapper map = mapper();
+    const double px1 = map.toPixelX(x1), px2 = map.toPixelX(x2);
+    const bool batchable = count > 0 && count <= kMaxFanLines && !image_.isNull() &&
+                           std::isfinite(px1) && std::isfinite(px2);
+    bool continues = batchable && continuesFan(x1, count, colours, colourCount);
+    if (continues && logging_) {
+        checkFanPromise(y1, y2, count, movedFrom, movedTo);
+    }
+    bool mapped = batchable && (continues ? mapFan(map, y1, y2, movedFrom, movedTo, true)
+                                          : mapFan(map, y1, y2, 0, count, false));
+    if (continues && !mapped) {
+        // A moving line does not start where the open fan left it: a new fan.
+        continues = false;
+        mapped = mapFan(map, y1, y2, 0, count, false);
+    }
+    if (!mapped) {
+        for (std::size_t i = 0; i < count; ++i) {
+            line(x1, y1[i], x2, y2[i], colours[i % colourCount]);
+        }
+        return;
+    }
+    // Every line pays for its pixels across; a line that moves, for its pixels up or down too.
+    std::uint64_t kosten = count * (kWerkWaaier + kWerkPerPixel * bedekt(px2 - px1));
+    for (const Batch::Change& c : batch_->changes) {
+        kosten += kWerkVervolg + kWerkPerPixel * bedekt(c.py2 - c.py1);
+    }
+    werk(kosten);
+    for (std::size_t i = 0; i < count && logging_; ++i) {
+        logPrimitive(DrawKind::kLine, x1, y1[i], x2, y2[i], 0.0, colours[i % colourCount]);
+    }
+    if (continues) {
+        extendFan(x2, px1, px2);
+    } else {
+        flush();
+        startFan(x2, px1, px2, count, colours, colourCount);
+        notifyImageChanged();
+    }
+}
+
+// Whether the fan may go on from where the open one ended: the same pen, colours, number of
+// lines and x. Its values are compared as the fan is mapped.
+bool Surface::continuesFan(double x1, std::size_t count, const Colour* colours,
+                           std::size_t colourCount) const {
+    const Batch& b = *batch_;
+    return b.kind == Batch::Kind::kFan && drawWidth_ == b.width && count == b.lines.size() &&
+           x1 == b.fanX &&
+           std::equal(colours, colours + colourCount, b.palette.begin(), b.palette.end());
+}
+
+// The lines outside the moving ones must start at their value of the open fan and stay level.
+void Surface::checkFanPromise(const float* y1, const float* y2, std::size_t count,
+                              std::size_t movedFrom, std::size_t movedTo) const {
+    const Batch& b = *batch_;
+    for (std::size_t i = 0; i < count; ++i) {
+        if ((i < movedFrom || i >= movedTo) &&
+            (bitsOf(y1[i]) != b.ends[i] || bitsOf(y2[i]) != b.ends[i])) {
+            raise(kErrInternal);
+        }
+    }
+}
+
+// The lines from..to - 1 that move, with their ends in pixels: of a fan that continues, those
+// whose value changes, after checking that each starts at its value of the open fan, bit for
+// bit; of a new fan, all. False when one does not start there or an end is no finite pixel.
+bool Surface::mapFan(const ScaleMapper& map, const float* y1, const float* y2, std::size_t from,
+                     std::size_t to, bool continues) const {
+    Batch& b = *batch_;
+    b.changes.clear();
+    for (std::size_t i = from; i < to; ++i) {
+        const std::uint32_t a = bitsOf(y1[i]), n = bitsOf(y2[i]);
+        if (continues && a != b.ends[i]) {
+            return false;
+        }
+        if (!continues || a != n) {
+            b.changes.push_back({i, map.toPixelY(y1[i]), map.toPixelY(y2[i]), n});
+            if (!std::isfinite(b.changes.back().py1) || !std::isfinite(b.changes.back().py2)) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+void Surface::startFan(double x2, double px1, double px2, std::size_t count, const Colour* colours,
+                       std::size_t colourCount) {
+    Batch& b = *batch_;
+    b.kind = Batch::Kind::kFan;
+    b.width = drawWidth_;
+    b.palette.assign(colours, colours + colourCount);
+    b.fanX = x2;
+    b.fanPx = px2;
+    b.ends.resize(count);
+    b.lines.resize(count);
+    b.kept = 0;
+    const double tolerance = kTolerance / devicePixelRatio_;
+    for (const Batch::Change& c : b.changes) {
+        Batch::FanLine& f = b.lines[c.i];
+        f.line.start(QPointF(px1, c.py1), tolerance, kFanRun);
+        f.line.add(QPointF(px2, c.py2));
+        f.fedX = px2;
+        b.ends[c.i] = c.bits2;
+    }
+}
+
+// A line that moves first gets the end of its level run, if it had one, then its new point.
+void Surface::extendFan(double x2, double px1, double px2) {
+    Batch& b = *batch_;
+    for (const Batch::Change& c : b.changes) {
+        Batch::FanLine& f = b.lines[c.i];
+        if (f.fedX != px1) {
+            b.kept += f.line.add(QPointF(px1, c.py1));
+        }
+        b.kept += f.line.add(QPointF(px2, c.py2));
+        f.fedX = px2;
+        b.ends[c.i] = c.bits2;
+    }
+    b.fanX = x2;
+    b.fanPx = px2;
+    if (b.kept >= kMaxVertices) {
+        // Painted in parts; every line goes on from the fan's x.
+        flush();
+        b.kind = Batch::Kind::kFan;
+        const double tolerance = kTolerance / devicePixelRatio_;
+        for (Batch::FanLine& f : b.lines) {
+            f.line.start(QPointF(px2, f.line.newest().y()), tolerance, kFanRun);
+            f.fedX = px2;
+        }
+    }
 }
 
 void Surface::circle(double x, double y, double radius, Colour colour) {
@@ -246,28 +488,66 @@ void Surface::circle(double x, double y, double radius, Colour colour) {
     const double pixelRadius = map.widthToPixels(radius);
     werk(kWerkCirkel + kWerkPerPixelStraal * bedekt(pixelRadius));
     logPrimitive(DrawKind::kCircle, x, y, 0.0, 0.0, radius, colour);
+    flush();
     if (!isFinite(centre) || !std::isfinite(pixelRadius)) {
         return;
     }
-    paint([&](QPainter& painter) {
-        painter.setPen(QPen(toQColor(colour), drawWidth_));
-        // The painter lives across primitives: set the brush every time.
-        painter.setBrush(fillStyle_ == kFillSolid ? QBrush(toQColor(fillColour_))
-                                                  : QBrush(Qt::NoBrush));
-        painter.drawEllipse(centre, pixelRadius, pixelRadius);
-    });
+    if (image_.isNull()) {
+        return;
+    }
+    const bool filled = fillStyle_ == kFillSolid;
+    batch_->discs.paint(painter(), centre, pixelRadius, devicePixelRatio_,
+                        {opaque(colour), drawWidth_, filled, filled ? opaque(fillColour_) : 0u});
+    notifyImageChanged();
 }
 
 void Surface::paint(const std::function<void(QPainter&)>& draw) {
     if (image_.isNull()) {
         return;
     }
+    draw(painter());
+    notifyImageChanged();
+}
+
+QPainter& Surface::painter() const {
     if (!painter_) {
         painter_ = std::make_unique<QPainter>(&image_);
         painter_->setRenderHint(QPainter::Antialiasing);
     }
-    draw(*painter_);
-    notifyImageChanged();
+    return *painter_;
+}
+
+void Surface::flush() const {
+    Batch& b = *batch_;
+    const Batch::Kind kind = b.kind;
+    b.kind = Batch::Kind::kNone;
+    if (kind == Batch::Kind::kNone || image_.isNull()) {
+        return;
+    }
+    QPainter& p = painter();
+    if (kind == Batch::Kind::kStroke) {
+        b.points.clear();
+        b.stroke.appendTo(b.points);
+        paintPolyline(p, b.points, toQColor(b.colour), b.width, b.segments);
+        b.stroke.release();
+        b.kept = 0;
+        return;
+    }
+    for (std::size_t i = 0; i < b.lines.size(); ++i) {
+        Batch::FanLine& f = b.lines[i];
+        b.points.clear();
+        f.line.appendTo(b.points);
+        if (f.fedX != b.fanPx) {
+            b.points.emplace_back(b.fanPx, f.line.newest().y());
+        }
+        paintPolyline(p, b.points, toQColor(b.palette[i % b.palette.size()]), b.width, b.segments);
+        f.line.release();
+    }
+    b.kept = 0;
+}
+
+void Surface::discard() const {
+    batch_->kind = Batch::Kind::kNone;
 }
 
 void Surface::finishPainting() const {
@@ -275,6 +555,7 @@ void Surface::finishPainting() const {
 }
 
 const QImage& Surface::image() const {
+    flush();
     finishPainting();
     return image_;
 }
