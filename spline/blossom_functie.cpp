@@ -13,7 +13,7 @@
 namespace zw {
 
 std::int32_t wholeOrder(float orde) {
-    if (!(orde == std::floor(orde))) {
+    if (!isWhole(orde)) {
         raise(kErrInvalidCall);
     }
     return toIndex(orde);
@@ -23,8 +23,17 @@ BlossomFunctie::BlossomFunctie(MainWindow& window)
     : window_(window), zoekfractie(divideSingle(1.0f, 9.0f)), zoekgrens(500.0f) {}
 
 Array<double> BlossomFunctie::blossom(const Array<double>& argumentenlijst, float segment) const {
+    Array<double> c;
+    blossom(argumentenlijst, segment, 0, c);
+    return c;
+}
+
+void BlossomFunctie::blossom(const Array<double>& argumentenlijst, float segment,
+                             std::int32_t oplopend, Array<double>& c) const {
     const std::int32_t k = wholeOrder(window_.polygoon().orde);
-    Array<double> c(k);
+    if (!(k >= 0 && c.size() == static_cast<std::size_t>(k) + 1)) {
+        c.redim(k);
+    }
     checkRecursionSize(k);
     // The recursion reads the first k - 1 arguments, and at least the first.
     const std::size_t needed = k > 1 ? static_cast<std::size_t>(k - 1) : 1;
@@ -35,15 +44,14 @@ Array<double> BlossomFunctie::blossom(const Array<double>& argumentenlijst, floa
     const Array<double>& knopen = vec.knopen();
     // Curve points take the direct walk; every other list, and every curve point the walk does
     // not cover, the general recursion. Both give the recursion's vector bit for bit.
-    PointBlossom point(knopen.data(), knopen.size(), vec.knopenlengte, k, segment);
+    PointBlossom point(knopen.data(), knopen.size(), vec.knopenlengte, k, segment, oplopend);
     if (const double* result = point.evaluate(argumentenlijst.data())) {
-        std::copy(result, result + k + 1, &c(0.0));
-        return c;
+        std::copy(result, result + k + 1, c.data());
+        return;
     }
     BlossomEngine engine(knopen.data(), knopen.size(), vec.knopenlengte, k, segment);
     const double* result = engine.evaluate(argumentenlijst.data());
-    std::copy(result, result + k + 1, &c(0.0));
-    return c;
+    std::copy(result, result + k + 1, c.data());
 }
 
 float BlossomFunctie::zoek_controlepunt(double t) const {

@@ -22,6 +22,11 @@ class BlossomFunctie {
     // polar form of the k - 1 arguments; entry k is a spare that takes the 1.0 of a knot run that
     // names no control point of the segment.
     Array<double> blossom(const Array<double>& argumentenlijst, float segment) const;
+    // The same into `c`, whose storage is reused when it has the size: the drawing loops call it
+    // for every sample. `oplopend` is what increasingKnots (spline/point_blossom.h) found for the
+    // current knots, which the loop does not change; 0 always does.
+    void blossom(const Array<double>& argumentenlijst, float segment, std::int32_t oplopend,
+                 Array<double>& c) const;
     // The index after the knot equal to t, searched from knot 1; 0 when no knot equals t.
     float zoek_controlepunt(double t) const;
     // Pairs blossom and bereken_punt with one and the same number. Nothing calls it.

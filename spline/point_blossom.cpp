@@ -12,15 +12,34 @@
 
 namespace zw {
 
+std::int32_t increasingKnots(const double* knots, std::size_t knotCount, float L) {
+    if (!(L >= 1.0f)) {
+        return 0;
+    }
+    const auto count =
+        static_cast<std::int32_t>(std::min(static_cast<double>(L), static_cast<double>(knotCount)));
+    std::int32_t n = 1;
+    while (n < count && knots[n - 1] < knots[n]) {
+        ++n;
+    }
+    werk(static_cast<std::uint64_t>(n));
+    return n;
+}
+
 PointBlossom::PointBlossom(const double* knots, std::size_t knotCount, float L, std::int32_t k,
-                           float sigma)
-    : knots_(knots), knotCount_(knotCount), L_(L), k_(k), sigma_(sigma) {}
+                           float sigma, std::int32_t increasing)
+    : knots_(knots),
+      knotCount_(knotCount),
+      L_(L),
+      k_(k),
+      sigma_(sigma),
+      increasing_(std::min<std::int32_t>(increasing, static_cast<std::int32_t>(knotCount))) {}
 
 bool PointBlossom::applies(const double* args) {
-    if (k_ < 2 || !(sigma_ == std::floor(sigma_)) || std::fabs(sigma_) > 1e9f) {
+    if (k_ < 2 || !isWhole(sigma_) || std::fabs(sigma_) > 1e9f) {
         return false;
     }
-    if (!(L_ == std::floor(L_)) || L_ < 2.0f || static_cast<double>(L_) >= knotCount_) {
+    if (!isWhole(L_) || L_ < 2.0f || static_cast<double>(L_) >= knotCount_) {
         return false;
     }
     t_ = args[0];
@@ -38,6 +57,11 @@ bool PointBlossom::applies(const double* args) {
     // The run search of every list the walk meets starts at a knot s <= top and must find the
     // first knot not below it at s itself: the knots up to top must increase strictly.
     top_ = 1;
+    if (increasing_ > 1 && t_ < knots_[increasing_ - 1]) {
+        // Within rising knots the scan below stops at the first knot not below t.
+        top_ = static_cast<std::int32_t>(std::lower_bound(knots_ + 1, knots_ + increasing_, t_) -
+                                         knots_);
+    }
     while (knots_[top_] < t_) {
         if (!(knots_[top_ - 1] < knots_[top_])) {
             return false;

@@ -17,12 +17,17 @@
 
 namespace zw {
 
+// How many of the first L knots rise strictly from knot 0 on (knot i below knot i + 1); at most
+// the knots there are.
+std::int32_t increasingKnots(const double* knots, std::size_t knotCount, float L);
+
 class PointBlossom {
   public:
     // As BlossomEngine: the knots with their spare slot, the number of knots L, the order k and
-    // the segment number sigma.
-    PointBlossom(const double* knots, std::size_t knotCount, float L, std::int32_t k,
-                 float sigma);
+    // the segment number sigma. A caller that has found the first `increasing` knots to rise
+    // strictly (increasingKnots) lets the walk bisect them instead of scanning up to t.
+    PointBlossom(const double* knots, std::size_t knotCount, float L, std::int32_t k, float sigma,
+                 std::int32_t increasing = 0);
     PointBlossom(const PointBlossom&) = delete;
     PointBlossom& operator=(const PointBlossom&) = delete;
 
@@ -50,6 +55,7 @@ class PointBlossom {
     float L_;
     std::int32_t k_;
     float sigma_;
+    std::int32_t increasing_;
     double t_ = 0.0;
     std::int32_t top_ = 0;  // s of the root: the first knot above t
     double lastKnot_ = 0.0;

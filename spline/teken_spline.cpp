@@ -4,11 +4,18 @@
 #include "platform/numeric.h"
 #include "platform/surface.h"
 #include "spline/blossom_functie.h"
+#include "spline/point_blossom.h"
 #include "weights/gewichten_form.h"
 
 namespace zw {
 
 namespace {
+
+// The knots do not change while a curve is drawn: their order is looked at once.
+std::int32_t oplopendeKnopen(const KnoopVector& vec) {
+    const Array<double>& knopen = vec.knopen();
+    return increasingKnots(knopen.data(), knopen.size(), vec.knopenlengte);
+}
 
 // t advanced by the step. A step that leaves t where it is (none, a negative one, or one lost
 // below the precision of a far-off knot) would sample for ever; like a For counter that stops
@@ -31,6 +38,7 @@ class Kromme {
           functie_(functie),
           k_(window.polygoon().orde),
           argumenten_(addSingle(k_, -1.0f)),
+          oplopend_(oplopendeKnopen(window.vec())),
           kleur_(kleur),
           breed_(breed) {
         // Knot points are discs in the data colour.
@@ -42,7 +50,7 @@ class Kromme {
     // t; zoek_coord combines it with the points and their weights and rounds.
     Punt punt(double t, float segment, float begin) {
         forSingle(0.0f, addSingle(k_, -1.0f), 1.0f, [&](float i) { argumenten_(i) = t; });
-        coefficienten_ = functie_.blossom(argumenten_, segment);
+        functie_.blossom(argumenten_, segment, oplopend_, coefficienten_);
         return window_.polygoon().zoek_coord(coefficienten_, begin);
     }
 
@@ -104,6 +112,7 @@ class Kromme {
     const BlossomFunctie& functie_;
     const float k_;
     Array<double> argumenten_;
+    const std::int32_t oplopend_;
     Array<double> coefficienten_;
     const Colour kleur_;
     const bool breed_;
