@@ -4,6 +4,8 @@
 // evaluator serves whatever curve is being edited.
 #pragma once
 
+#include <array>
+
 #include "geometry/coordinaten.h"
 #include "geometry/punt.h"
 #include "platform/array.h"
@@ -47,6 +49,11 @@ class BlossomFunctie {
     void teken_spline();
     // Segments beginsegment .. eindsegment - 1 (counted from 0) in `segmentkleur`.
     void teken_spline_in_kleur(float beginsegment, float eindsegment);
+    // The blending functions over the virtual ranges into `meng`: from the first knot to the
+    // start of the real range (dimensioning the working arrays anew), and from the end of the
+    // real range to the last knot (continuing from where teken_spline left them).
+    void teken_linker_virtuele_mengfuncties();
+    void teken_rechter_virtuele_mengfuncties();
 
     // The blending output's working state, shared by the drawers of the real and virtual ranges:
     // values (times 100) per control point of the current and the previous sample, and their x
@@ -59,8 +66,27 @@ class BlossomFunctie {
   private:
     // The x position of t in `meng`, whose scale runs over the whole knot range from 0 to 1e6.
     float mengpositie(double t) const;
+    // The colours of control points 0 .. 7, repeated for every further eight.
+    std::array<Colour, 8> mengkleuren() const;
+    // One sample of every blending function: the lines from the previous values to the current
+    // ones, and the current ones become the previous. Only entries van .. tot - 1 were written
+    // since the last sample; the first sample of each drawer takes them all.
+    void trek_menglijnen(const std::array<Colour, 8>& kleuren, float van, float tot);
+    // A virtual range of k - 1 knot intervals, sampled from t on: interval j (1 .. k - 1) ends
+    // at knot `eindknoop` + j and has the segment number `segment` + j; coefficient i weighs
+    // control point segment number + `punt` + i, drawn only from `onder` to `boven`.
+    struct VirtueelBereik {
+        float eindknoop;
+        float segment;
+        float punt;
+        float onder;
+        float boven;
+    };
+    void teken_virtueel_bereik(double t, const VirtueelBereik& bereik);
 
     MainWindow& window_;
+    // The next sample is a drawer's first: the working arrays may differ anywhere.
+    bool menglijnen_volledig_ = true;
     // The parameter search divides every segment into steps of this fraction of its length.
     float zoekfractie;
     // The parameter search subdivides at most this many intervals.

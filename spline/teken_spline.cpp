@@ -1,4 +1,8 @@
-// Drawing the curve on the canvas, and the blending functions of its real range.
+// Drawing the curve on the canvas, and the blending functions over the whole knot range.
+#include <algorithm>
+#include <cfloat>
+#include <cmath>
+
 #include "geometry/coordinaten.h"
 #include "knots/knoop_vector.h"
 #include "platform/numeric.h"
@@ -137,6 +141,9 @@ void BlossomFunctie::teken_spline() {
     // A curve of order 2 is the polygon itself and costs one linear blend per sample; it is
     // sampled twenty times finer.
     const float stapgrootte = k == 2.0f ? divideSingle(stap, 20.0f) : stap;
+    const std::array<Colour, 8> kleuren =
+        window_.mengstat ? mengkleuren() : std::array<Colour, 8>();
+    menglijnen_volledig_ = true;
     kromme.segmenten(0.0f, n, stapgrootte, [&](float s, const Array<double>& c, double t) {
         if (!window_.mengstat) {
             return;
@@ -155,13 +162,7 @@ void BlossomFunctie::teken_spline() {
             mengwaarden(j) =
                 toSingle(divide(checkedDouble(c(i) * 100.0 * gewichten.gewicht(j)), w));
         });
-        Surface& meng = window_.meng();
-        forSingle(0.0f, window_.polygoon().graad, 1.0f, [&](float i) {
-            meng.line(vorige_mengx, vorige_mengwaarden(i), mengx, mengwaarden(i),
-                      window_.kleur(toLong(i) % 8));
-            vorige_mengwaarden(i) = mengwaarden(i);
-        });
-        vorige_mengx = mengx;
+        trek_menglijnen(kleuren, s, addSingle(s, k));
     });
     // The end of the real range belongs to no segment; it is the last segment's end point.
     kromme.sluit(window_.vec().knoop(addSingle(L, -k)), n, addSingle(n, -1.0f));
@@ -175,6 +176,102 @@ void BlossomFunctie::teken_spline_in_kleur(float beginsegment, float eindsegment
     // from the control points eindsegment on, wherever the last sample lies.
     kromme.sluit(window_.vec().knoop(addSingle(addSingle(k, eindsegment), -2.0f)), eindsegment,
                  eindsegment);
+}
+
+std::array<Colour, 8> BlossomFunctie::mengkleuren() const {
+    std::array<Colour, 8> kleuren{};
+    for (std::size_t i = 0; i < kleuren.size(); ++i) {
+        kleuren[i] = window_.kleur(static_cast<double>(i));
+    }
+    return kleuren;
+}
+
+// For i = 0 to graad a line from (vorige_mengx, vorige_mengwaarden(i)) to (mengx,
+// mengwaarden(i)) in kleur(i mod 8), then vorige_mengwaarden(i) := mengwaarden(i): one fan of
+// lines, and one copy. As in the loop, the lines of the indexes that exist are drawn before an
+// index beyond the arrays raises the subscript error.
+void BlossomFunctie::trek_menglijnen(const std::array<Colour, 8>& kleuren, float van, float tot) {
+    const double graad = window_.polygoon().graad;
+    const double gevraagd = graad >= 0.0 ? std::floor(graad) + 1.0 : 0.0;
+    const std::size_t bestaand = std::min(mengwaarden.size(), vorige_mengwaarden.size());
+    const std::size_t n =
+        gevraagd < static_cast<double>(bestaand) ? static_cast<std::size_t>(gevraagd) : bestaand;
+    // Every other entry was copied at the sample before and has not been written since: its
+    // line stays level, which the surface need not be shown again.
+    const auto binnen = [n](double i) {
+        return static_cast<std::size_t>(std::clamp(i, 0.0, static_cast<double>(n)));
+    };
+    const std::size_t a = menglijnen_volledig_ ? 0 : binnen(van);
+    const std::size_t e = menglijnen_volledig_ ? n : std::max(a, binnen(tot));
+    menglijnen_volledig_ = false;
+    window_.meng().lineFan(vorige_mengx, vorige_mengwaarden.data(), mengx, mengwaarden.data(), n,
+                           kleuren.data(), kleuren.size(), a, e);
+    std::copy(mengwaarden.data() + a, mengwaarden.data() + e, vorige_mengwaarden.data() + a);
+    if (gevraagd > static_cast<double>(n)) {
+        raise(kErrSubscript);
+    }
+    vorige_mengx = mengx;
+}
+
+// Samples from the current t on, with the plain step also for order 2, each scaled by the
+// largest weight rather than the rational denominator of the real range: the two scalings are
+// the editor's, and differ on purpose.
+void BlossomFunctie::teken_virtueel_bereik(double t, const VirtueelBereik& bereik) {
+    const float k = window_.polygoon().orde;
+    const KnoopVector& vec = window_.vec();
+    const GewichtenForm& gewichten = window_.gewichten();
+    const std::array<Colour, 8> kleuren = mengkleuren();
+    menglijnen_volledig_ = true;
+    Array<double> argumenten(addSingle(k, -1.0f));
+    Array<double> coefficienten(k);
+    const std::int32_t oplopend = oplopendeKnopen(vec);
+    forSingle(1.0f, addSingle(k, -1.0f), 1.0f, [&](float j) {
+        const float segment = addSingle(bereik.segment, j);
+        while (t < vec.knoop(addSingle(bereik.eindknoop, j))) {
+            forSingle(0.0f, addSingle(k, -1.0f), 1.0f, [&](float i) { argumenten(i) = t; });
+            blossom(argumenten, segment, oplopend, coefficienten);
+            mengx = mengpositie(t);
+            forSingle(0.0f, addSingle(k, -1.0f), 1.0f, [&](float i) {
+                const float punt = addSingle(addSingle(segment, bereik.punt), i);
+                if (punt >= bereik.onder && punt <= bereik.boven) {
+                    mengwaarden(punt) = toSingle(
+                        divide(checkedDouble(coefficienten(i) * 100.0 * gewichten.gewicht(punt)),
+                               gewichten.get_grootste_gewicht()));
+                }
+            });
+            const float eerste = addSingle(segment, bereik.punt);
+            trek_menglijnen(kleuren, eerste, addSingle(eerste, k));
+            t = volgende(t, stap);
+        }
+    });
+}
+
+// From the first knot to knot k - 1, where the real range starts. The segment numbers run
+// -(k - 1) .. -1, one below those of the intervals' own numbering (interval j is segment
+// j - k + 1 when counted as the real segments are); the blossom gives a negative segment
+// number's coefficients one entry lower, so coefficient i belongs to control point
+// segment + i, and those below 0 do not exist.
+void BlossomFunctie::teken_linker_virtuele_mengfuncties() {
+    const float k = window_.polygoon().orde;
+    const float graad = window_.polygoon().graad;
+    mengwaarden.redim(addSingle(graad, 1.0f));
+    vorige_mengwaarden.redim(addSingle(graad, 1.0f));
+    const double t = window_.vec().knoop(0.0f);
+    forSingle(0.0f, graad, 1.0f, [&](float i) { vorige_mengwaarden(i) = 0.0f; });
+    teken_virtueel_bereik(t, {0.0f, -k, 0.0f, 0.0f, FLT_MAX});
+}
+
+// The mirror image at the right end: from knot L - k, where the real range ends, to the last
+// knot. Its k - 1 intervals are the segments that would follow the n real ones, numbered on
+// from n + 1 .. n + k - 1, so that the blossom takes them as it takes the real segments: a
+// positive number shifts nothing, and coefficient i belongs to control point segment - 1 + i,
+// as on the canvas. Those past graad do not exist.
+void BlossomFunctie::teken_rechter_virtuele_mengfuncties() {
+    const float k = window_.polygoon().orde;
+    const float L = window_.vec().knopenlengte;
+    const float n = addSingle(addSingle(L, -multiplySingle(2.0f, k)), 1.0f);
+    const double t = window_.vec().knoop(addSingle(L, -k));
+    teken_virtueel_bereik(t, {addSingle(L, -k), n, -1.0f, -FLT_MAX, window_.polygoon().graad});
 }
 
 }  // namespace zw
