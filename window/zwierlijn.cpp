@@ -41,6 +41,7 @@ void Zwierlijn::verbindPanelen() {
         [this](int b, int s, float x, float y) { Knopen_MouseMove(b, s, x, y); });
     knopen_.setMouseUpHandler(
         [this](int b, int s, float x, float y) { Knopen_MouseUp(b, s, x, y); });
+    meng_.setPaintHandler([this] { meng_Paint(); });
 }
 
 GewichtenForm& Zwierlijn::gewichten() {
