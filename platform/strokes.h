@@ -20,12 +20,15 @@ class QPainter;
 
 namespace zw {
 
-// A polyline in pixels that keeps only the vertices it needs. The points come in runs of up to
-// `chunk`, each thinned as a whole by Ramer, Douglas and Peucker: between the last kept vertex and
-// the run's last point, the point farthest from the segment joining them is kept when it lies
-// farther than the tolerance, and both halves are thinned the same way. Every point given lies
-// within the tolerance of the polyline that is painted. A run costs a few passes over its
-// points, with multiplications only; the chunk bounds the worst case of a zigzag.
+// A polyline in pixels that keeps only the vertices it needs. Points that go on along a straight
+// line (within a quarter of the tolerance of the line from a point of the run through the next
+// one, and no nearer to it than the point before) replace each other as they come. What is left
+// comes in runs of up to `chunk`, each thinned as a whole by Ramer, Douglas and Peucker to half
+// the tolerance: between the last kept vertex and the run's last point, the point farthest from
+// the segment joining them is kept when it lies farther than that, and both halves are thinned
+// the same way. Every point given lies within the tolerance of the polyline that is painted. A
+// run costs a few passes over its points, with multiplications only; the chunk bounds the worst
+// case of a zigzag.
 class ThinPolyline {
   public:
     void start(QPointF p, double tolerance, std::size_t chunk);
@@ -44,13 +47,22 @@ class ThinPolyline {
     std::vector<QPointF> run_;  // from the last kept vertex on
     double tolerance_ = 0.0;
     std::size_t chunk_ = 1;
+    // The straight line the run's last point may be replaced along: from run_[size - 2] in the
+    // direction (dirX_, dirY_), within band2_ of cross products; lastAlong_ the last point's dot
+    // product with that direction.
+    bool banded_ = false;
+    double dirX_ = 0.0, dirY_ = 0.0, band2_ = 0.0, lastAlong_ = 0.0;
 };
 
+// A line from a to b (logical pixels) of the given width with square caps, antialiased, straight
+// into the pixels of `image` (premultiplied ARGB, any whole or fractional pixel ratio), clipped to
+// it.
+void paintLine(QImage& image, QPointF a, QPointF b, QRgb colour, double width);
+
 // Paints a polyline as the surface's lines always looked: segment by segment with square caps in
-// the pen's width. The rasteriser joins the segments of a polyline slowly wherever it does not
-// take its one-pixel road (a wide pen, a screen of two device pixels to the pixel).
-void paintPolyline(QPainter& painter, const std::vector<QPointF>& points, const QColor& colour,
-                   int width, std::vector<QLineF>& scratch);
+// the pen's width.
+void paintPolyline(QImage& image, const std::vector<QPointF>& points, const QColor& colour,
+                   int width);
 
 // Discs up to a modest size, antialiased once into an image per style, size and quarter pixel of
 // position, then copied: the same pixels as drawing the circle again (source-over is
@@ -64,10 +76,12 @@ class DiscSprites {
         bool filled;
         QRgb fill;
     };
-    // Draws the circle at `centre` (logical pixels), as QPainter::drawEllipse draws it with a
-    // pen of the style's colour and width and a solid brush of its fill, if filled.
-    void paint(QPainter& painter, QPointF centre, double radius, qreal devicePixelRatio,
-               const Style& style);
+    // Draws the circle at `centre` (logical pixels) into `target` (premultiplied ARGB), as
+    // QPainter::drawEllipse draws it with a pen of the style's colour and width and a solid brush
+    // of its fill, if filled. False for a disc too large for an image, or a ratio that is not
+    // whole: the caller draws it.
+    bool paint(QImage& target, QPointF centre, double radius, const Style& style);
+    static void setStyle(QPainter& painter, const Style& style);
 
   private:
     struct Key {
@@ -84,11 +98,25 @@ class DiscSprites {
     struct KeyHash {
         std::size_t operator()(const Key& k) const;
     };
-    static void setStyle(QPainter& painter, const Style& style);
-    static QImage render(const Style& style, double radius, qreal ratio, int half, double fx,
+    // The disc's pixels that are not transparent, as premultiplied colours in runs along its
+    // rows: runs of opaque pixels are copied, the others blended.
+    struct Run {
+        int x;
+        int y;
+        int count;
+        std::size_t first;  // in `pixels`
+        bool opaque;
+    };
+    struct Sprite {
+        std::vector<Run> runs;
+        std::vector<QRgb> pixels;
+        int side = 0;
+    };
+    static Sprite render(const Style& style, double radius, qreal ratio, int half, double fx,
                          double fy);
+    static void copy(QImage& target, const Sprite& sprite, long left, long top);
 
-    std::unordered_map<Key, QImage, KeyHash> sprites_;
+    std::unordered_map<Key, Sprite, KeyHash> sprites_;
 };
 
 }  // namespace zw

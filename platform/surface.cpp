@@ -101,6 +101,8 @@ struct Surface::Batch {
 
     Kind kind = Kind::kNone;
     int width = 1;
+    // The scale of the open run or fan: a new scale paints what is open first.
+    ScaleMapper map;
     // The run of lines: its colour, where its last line ended (scale units), its points.
     Colour colour = 0;
     double endX = 0.0;
@@ -118,7 +120,6 @@ struct Surface::Batch {
 
     std::vector<Change> changes;
     std::vector<QPointF> points;
-    std::vector<QLineF> segments;
     DiscSprites discs;
 };
 
@@ -282,13 +283,6 @@ void Surface::setFillStyle(int style) {
     fillStyle_ = style;
 }
 
-// Rasterising costs by the pixels a primitive covers, and nothing beyond the image's diagonal
-// is drawn.
-std::uint64_t Surface::bedekt(double pixels) const {
-    const double covered = std::isfinite(pixels) ? std::min(std::fabs(pixels), diagonal_) : 0.0;
-    return static_cast<std::uint64_t>(covered);
-}
-
 // Each record carries the pen and fill in force at the time, so later changes of state cannot
 // rewrite what the log says was drawn.
 void Surface::logPrimitive(DrawKind kind, double x1, double y1, double x2, double y2, double radius,
@@ -307,25 +301,12 @@ void Surface::setLogging(bool on) {
 
 void Surface::line(double x1, double y1, double x2, double y2, Colour colour) {
     Batch& b = *batch_;
-    const ScaleMapper map = mapper();
-    const QPointF to(map.toPixelX(x2), map.toPixelY(y2));
     if (b.kind == Batch::Kind::kStroke && colour == b.colour && drawWidth_ == b.width &&
-        x1 == b.endX && y1 == b.endY && isFinite(to)) {
-        const QPointF step = to - b.stroke.newest();
-        werk(kWerkVervolg + kWerkPerPixel * bedekt(std::sqrt(QPointF::dotProduct(step, step))));
-        logPrimitive(DrawKind::kLine, x1, y1, x2, y2, 0.0, colour);
-        b.endX = x2;
-        b.endY = y2;
-        b.kept += b.stroke.add(to);
-        if (b.kept >= kMaxVertices) {
-            // Painted in parts; the run goes on from its newest point.
-            const QPointF newest = b.stroke.newest();
-            flush();
-            b.stroke.start(newest, kTolerance / devicePixelRatio_, kStrokeRun);
-            b.kind = Batch::Kind::kStroke;
-        }
+        x1 == b.endX && y1 == b.endY && continueStroke(x1, y1, x2, y2, colour)) {
         return;
     }
+    const ScaleMapper map = mapper();
+    const QPointF to(map.toPixelX(x2), map.toPixelY(y2));
     const QPointF from(map.toPixelX(x1), map.toPixelY(y1));
     werk(kWerkLijn + kWerkPerPixel * bedekt(std::hypot(to.x() - from.x(), to.y() - from.y())));
     logPrimitive(DrawKind::kLine, x1, y1, x2, y2, 0.0, colour);
@@ -334,6 +315,7 @@ void Surface::line(double x1, double y1, double x2, double y2, Colour colour) {
         return;
     }
     b.kind = Batch::Kind::kStroke;
+    b.map = map;
     b.colour = colour;
     b.width = drawWidth_;
     b.endX = x2;
@@ -344,6 +326,30 @@ void Surface::line(double x1, double y1, double x2, double y2, Colour colour) {
     notifyImageChanged();
 }
 
+// A line that goes on from the open run's end in its pen: one more point of the run. False, and
+// nothing done, when its end is no finite pixel.
+bool Surface::continueStroke(double x1, double y1, double x2, double y2, Colour colour) {
+    Batch& b = *batch_;
+    const QPointF to(b.map.toPixelX(x2), b.map.toPixelY(y2));
+    if (!isFinite(to)) {
+        return false;
+    }
+    const QPointF step = to - b.stroke.newest();
+    werk(kWerkVervolg + kWerkPerPixel * bedekt(std::sqrt(QPointF::dotProduct(step, step))));
+    logPrimitive(DrawKind::kLine, x1, y1, x2, y2, 0.0, colour);
+    b.endX = x2;
+    b.endY = y2;
+    b.kept += b.stroke.add(to);
+    if (b.kept >= kMaxVertices) {
+        // Painted in parts; the run goes on from its newest point.
+        const QPointF newest = b.stroke.newest();
+        flush();
+        b.stroke.start(newest, kTolerance / devicePixelRatio_, kStrokeRun);
+        b.kind = Batch::Kind::kStroke;
+    }
+    return true;
+}
+
 void Surface::lineFan(double x1, const float* y1, double x2, const float* y2, std::size_t count,
                       const Colour* colours, std::size_t colourCount, std::size_t movedFrom,
                       std::size_t movedTo) {
@@ -352,42 +358,45 @@ void Surface::lineFan(double x1, const float* y1, double x2, const float* y2, st
     }
     movedTo = std::min(movedTo, count);
     movedFrom = std::min(movedFrom, movedTo);
+    if (continuesFan(x1, count, colours, colourCount)) {
+        if (logging_) {
+            checkFanPromise(y1, y2, count, movedFrom, movedTo);
+        }
+        const double px2 = batch_->map.toPixelX(x2);
+        if (std::isfinite(px2) && mapFan(batch_->map, y1, y2, movedFrom, movedTo, true)) {
+            chargeFan(x1, y1, x2, y2, count, colours, colourCount, px2 - batch_->fanPx);
+            extendFan(x2, batch_->fanPx, px2);
+            return;
+        }
+    }
+    // A new fan, or one whose moving line does not start where the open fan left it.
     const ScaleMapper map = mapper();
     const double px1 = map.toPixelX(x1), px2 = map.toPixelX(x2);
-    const bool batchable = count > 0 && count <= kMaxFanLines && !image_.isNull() &&
-                           std::isfinite(px1) && std::isfinite(px2);
-    bool continues = batchable && continuesFan(x1, count, colours, colourCount);
-    if (continues && logging_) {
-        checkFanPromise(y1, y2, count, movedFrom, movedTo);
-    }
-    bool mapped = batchable && (continues ? mapFan(map, y1, y2, movedFrom, movedTo, true)
-                                          : mapFan(map, y1, y2, 0, count, false));
-    if (continues && !mapped) {
-        // A moving line does not start where the open fan left it: a new fan.
-        continues = false;
-        mapped = mapFan(map, y1, y2, 0, count, false);
-    }
-    if (!mapped) {
+    if (count == 0 || count > kMaxFanLines || image_.isNull() || !std::isfinite(px1) ||
+        !std::isfinite(px2) || !mapFan(map, y1, y2, 0, count, false)) {
         for (std::size_t i = 0; i < count; ++i) {
             line(x1, y1[i], x2, y2[i], colours[i % colourCount]);
         }
         return;
     }
-    // Every line pays for its pixels across; a line that moves, for its pixels up or down too.
-    std::uint64_t kosten = count * (kWerkWaaier + kWerkPerPixel * bedekt(px2 - px1));
+    chargeFan(x1, y1, x2, y2, count, colours, colourCount, px2 - px1);
+    flush();
+    batch_->map = map;
+    startFan(x2, px1, px2, count, colours, colourCount);
+    notifyImageChanged();
+}
+
+// Every line pays for its pixels across; a line that moves, for its pixels up or down too.
+// Then the lines are logged, if the log is on.
+void Surface::chargeFan(double x1, const float* y1, double x2, const float* y2, std::size_t count,
+                        const Colour* colours, std::size_t colourCount, double across) {
+    std::uint64_t kosten = count * (kWerkWaaier + kWerkPerPixel * bedekt(across));
     for (const Batch::Change& c : batch_->changes) {
         kosten += kWerkVervolg + kWerkPerPixel * bedekt(c.py2 - c.py1);
     }
     werk(kosten);
     for (std::size_t i = 0; i < count && logging_; ++i) {
         logPrimitive(DrawKind::kLine, x1, y1[i], x2, y2[i], 0.0, colours[i % colourCount]);
-    }
-    if (continues) {
-        extendFan(x2, px1, px2);
-    } else {
-        flush();
-        startFan(x2, px1, px2, count, colours, colourCount);
-        notifyImageChanged();
     }
 }
 
@@ -397,8 +406,8 @@ bool Surface::continuesFan(double x1, std::size_t count, const Colour* colours,
                            std::size_t colourCount) const {
     const Batch& b = *batch_;
     return b.kind == Batch::Kind::kFan && drawWidth_ == b.width && count == b.lines.size() &&
-           x1 == b.fanX &&
-           std::equal(colours, colours + colourCount, b.palette.begin(), b.palette.end());
+           x1 == b.fanX && colourCount == b.palette.size() &&
+           std::memcmp(colours, b.palette.data(), colourCount * sizeof(Colour)) == 0;
 }
 
 // The lines outside the moving ones must start at their value of the open fan and stay level.
@@ -496,8 +505,17 @@ void Surface::circle(double x, double y, double radius, Colour colour) {
         return;
     }
     const bool filled = fillStyle_ == kFillSolid;
-    batch_->discs.paint(painter(), centre, pixelRadius, devicePixelRatio_,
-                        {opaque(colour), drawWidth_, filled, filled ? opaque(fillColour_) : 0u});
+    const DiscSprites::Style style{opaque(colour), drawWidth_, filled,
+                                   filled ? opaque(fillColour_) : 0u};
+    // Copied straight into the pixels, which must be this surface's alone (see flush).
+    if (!image_.isDetached()) {
+        finishPainting();
+    }
+    if (!batch_->discs.paint(image_, centre, pixelRadius, style)) {
+        QPainter& p = painter();
+        DiscSprites::setStyle(p, style);
+        p.drawEllipse(centre, pixelRadius, pixelRadius);
+    }
     notifyImageChanged();
 }
 
@@ -524,11 +542,15 @@ void Surface::flush() const {
     if (kind == Batch::Kind::kNone || image_.isNull()) {
         return;
     }
-    QPainter& p = painter();
+    // The pixels are written directly as well as through the painter: they must be this
+    // surface's alone, which the painter's start made them unless the image was shared since.
+    if (!image_.isDetached()) {
+        finishPainting();
+    }
     if (kind == Batch::Kind::kStroke) {
         b.points.clear();
         b.stroke.appendTo(b.points);
-        paintPolyline(p, b.points, toQColor(b.colour), b.width, b.segments);
+        paintPolyline(image_, b.points, toQColor(b.colour), b.width);
         b.stroke.release();
         b.kept = 0;
         return;
@@ -540,7 +562,7 @@ void Surface::flush() const {
         if (f.fedX != b.fanPx) {
             b.points.emplace_back(b.fanPx, f.line.newest().y());
         }
-        paintPolyline(p, b.points, toQColor(b.palette[i % b.palette.size()]), b.width, b.segments);
+        paintPolyline(image_, b.points, toQColor(b.palette[i % b.palette.size()]), b.width);
         f.line.release();
     }
     b.kept = 0;

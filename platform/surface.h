@@ -174,7 +174,15 @@ class Surface {
     double containerHeightOf(int pixels) const;
     void followSize();
     void setUserScale(double left, double top, double width, double height);
-    std::uint64_t bedekt(double pixels) const;
+    // Rasterising costs by the pixels a primitive covers, and nothing beyond the image's
+    // diagonal is drawn.
+    std::uint64_t bedekt(double pixels) const {
+        const double covered = pixels < 0.0 ? -pixels : pixels;
+        if (covered < diagonal_) {
+            return static_cast<std::uint64_t>(covered);
+        }
+        return covered == covered ? static_cast<std::uint64_t>(diagonal_) : 0;  // NaN covers none
+    }
     void logPrimitive(DrawKind kind, double x1, double y1, double x2, double y2, double radius,
                       Colour colour);
     void paint(const std::function<void(QPainter&)>& draw);
@@ -184,6 +192,9 @@ class Surface {
     void discard() const;
     bool continuesFan(double x1, std::size_t count, const Colour* colours,
                       std::size_t colourCount) const;
+    bool continueStroke(double x1, double y1, double x2, double y2, Colour colour);
+    void chargeFan(double x1, const float* y1, double x2, const float* y2, std::size_t count,
+                   const Colour* colours, std::size_t colourCount, double across);
     void checkFanPromise(const float* y1, const float* y2, std::size_t count, std::size_t movedFrom,
                          std::size_t movedTo) const;
     bool mapFan(const ScaleMapper& map, const float* y1, const float* y2, std::size_t from,
