@@ -127,7 +127,7 @@ Punt coordinaten::zoek_coord(const Array<double>& tabel, float begin) const {
     // have.
     if (isWhole(orde) && isWhole(begin) && orde >= 1.0f && begin >= 0.0f && begin < 16777216.0f &&
         orde <= static_cast<float>(tabel.size()) &&
-        std::min(static_cast<double>(begin) + orde - 1.0, std::floor(static_cast<double>(graad))) <
+        std::min(static_cast<double>(begin) + orde - 1.0, static_cast<double>(graad)) <
             static_cast<double>(p_.size())) {
         const auto eerste = static_cast<std::int32_t>(begin);
         const auto k = static_cast<std::int32_t>(orde);

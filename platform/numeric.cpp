@@ -12,16 +12,6 @@ std::int32_t roundToLong(double x) {
     return static_cast<std::int32_t>(r);
 }
 
-float toSingle(double x) {
-    // Halfway between FLT_MAX and the next power of two a double rounds to infinity; below it,
-    // to FLT_MAX. Converting anything at or above that bound is undefined in C++.
-    constexpr double kFirstOverflow = 0x1.ffffffp127;
-    if (!(std::fabs(x) < kFirstOverflow)) {  // NaN fails the test as well
-        raise(kErrOverflow);
-    }
-    return static_cast<float>(x);
-}
-
 float divideSingle(float a, float b) {
     if (b == 0.0f) {
         raise(a == 0.0f ? kErrOverflow : kErrDivisionByZero);

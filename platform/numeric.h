@@ -65,7 +65,15 @@ inline std::int32_t toLong(double x) {
 }
 
 // CSng: the nearest Single; error 6 when the value does not fit a Single or is NaN.
-float toSingle(double x);
+inline float toSingle(double x) {
+    // Halfway between FLT_MAX and the next power of two a double rounds to infinity; below it,
+    // to FLT_MAX. Converting anything at or above that bound is undefined in C++.
+    constexpr double kFirstOverflow = 0x1.ffffffp127;
+    if (!(std::fabs(x) < kFirstOverflow)) {  // NaN fails the test as well
+        raise(kErrOverflow);
+    }
+    return static_cast<float>(x);
+}
 
 // An array index or record number from a Single (or any number): rounded halves to even, with
 // the overflow error of the conversion to a Long.

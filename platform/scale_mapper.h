@@ -12,9 +12,10 @@ class ScaleMapper {
     ScaleMapper(double left, double top, double width, double height, double pixelWidth,
                 double pixelHeight);
 
-    // Scale units to pixels. A zero scale width or height maps everything to 0.
-    double toPixelX(double x) const;
-    double toPixelY(double y) const;
+    // Scale units to pixels. A zero scale width or height maps everything to 0. Inline: every
+    // drawn point passes here.
+    double toPixelX(double x) const { return stretch(x - left_, pixelWidth_, width_); }
+    double toPixelY(double y) const { return stretch(y - top_, pixelHeight_, height_); }
     // Pixels to scale units. A zero pixel width or height maps everything to left or top.
     double toScaleX(double px) const;
     double toScaleY(double py) const;
@@ -25,6 +26,12 @@ class ScaleMapper {
     double heightToPixels(double length) const;
 
   private:
+    // offset * to / from, with a degenerate range (from == 0) mapping everything to 0 rather than
+    // dividing by zero.
+    static double stretch(double offset, double to, double from) {
+        return from == 0.0 ? 0.0 : offset * to / from;
+    }
+
     double left_ = 0.0;
     double top_ = 0.0;
     double width_ = 0.0;

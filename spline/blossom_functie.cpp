@@ -24,12 +24,13 @@ BlossomFunctie::BlossomFunctie(MainWindow& window)
 
 Array<double> BlossomFunctie::blossom(const Array<double>& argumentenlijst, float segment) const {
     Array<double> c;
-    blossom(argumentenlijst, segment, 0, c);
+    KnotOrder onbekend;
+    blossom(argumentenlijst, segment, onbekend, c);
     return c;
 }
 
 void BlossomFunctie::blossom(const Array<double>& argumentenlijst, float segment,
-                             std::int32_t oplopend, Array<double>& c) const {
+                             KnotOrder& knoopvolgorde, Array<double>& c) const {
     const std::int32_t k = wholeOrder(window_.polygoon().orde);
     if (!(k >= 0 && c.size() == static_cast<std::size_t>(k) + 1)) {
         c.redim(k);
@@ -44,7 +45,7 @@ void BlossomFunctie::blossom(const Array<double>& argumentenlijst, float segment
     const Array<double>& knopen = vec.knopen();
     // Curve points take the direct walk; every other list, and every curve point the walk does
     // not cover, the general recursion. Both give the recursion's vector bit for bit.
-    PointBlossom point(knopen.data(), knopen.size(), vec.knopenlengte, k, segment, oplopend);
+    PointBlossom point(knopen.data(), knopen.size(), vec.knopenlengte, k, segment, &knoopvolgorde);
     if (const double* result = point.evaluate(argumentenlijst.data())) {
         std::copy(result, result + k + 1, c.data());
         return;

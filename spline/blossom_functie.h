@@ -13,6 +13,8 @@
 
 namespace zw {
 
+struct KnotOrder;
+
 class BlossomFunctie {
   public:
     explicit BlossomFunctie(MainWindow& window);
@@ -25,9 +27,9 @@ class BlossomFunctie {
     // names no control point of the segment.
     Array<double> blossom(const Array<double>& argumentenlijst, float segment) const;
     // The same into `c`, whose storage is reused when it has the size: the drawing loops call it
-    // for every sample. `oplopend` is what increasingKnots (spline/point_blossom.h) found for the
-    // current knots, which the loop does not change; 0 always does.
-    void blossom(const Array<double>& argumentenlijst, float segment, std::int32_t oplopend,
+    // for every sample, with what they know of the knots they do not change (KnotOrder,
+    // spline/point_blossom.h).
+    void blossom(const Array<double>& argumentenlijst, float segment, KnotOrder& knopen,
                  Array<double>& c) const;
     // The index after the knot equal to t, searched from knot 1; 0 when no knot equals t.
     float zoek_controlepunt(double t) const;
@@ -42,10 +44,10 @@ class BlossomFunctie {
     // Splits every segment at the middle of its parameter interval.
     void splits_in_helft();
 
-    // --- Drawing on the window's canvas -----------------------------------------------------------
-    // The whole curve in `krommekleur`, three times as wide as the canvas line width, with its knot
-    // points marked; with the blending view on, also the blending functions of the real range
-    // into `meng`.
+    // --- Drawing on the window's canvas
+    // ----------------------------------------------------------- The whole curve in `krommekleur`,
+    // three times as wide as the canvas line width, with its knot points marked; with the blending
+    // view on, also the blending functions of the real range into `meng`.
     void teken_spline();
     // Segments beginsegment .. eindsegment - 1 (counted from 0) in `segmentkleur`.
     void teken_spline_in_kleur(float beginsegment, float eindsegment);
@@ -66,6 +68,15 @@ class BlossomFunctie {
   private:
     // The x position of t in `meng`, whose scale runs over the whole knot range from 0 to 1e6.
     float mengpositie(double t) const;
+    // The same with the first and last knot read once, for the samples of one drawing.
+    struct Mengschaal {
+        double eerste;
+        double laatste;
+        float positie(double t) const;
+    };
+    Mengschaal mengschaal() const;
+    // The real range's values of segment s (counted from 0) into mengwaarden(s .. s + k - 1).
+    void echte_mengwaarden(float s, float k, const Array<double>& c);
     // The colours of control points 0 .. 7, repeated for every further eight.
     std::array<Colour, 8> mengkleuren() const;
     // One sample of every blending function: the lines from the previous values to the current
@@ -87,6 +98,9 @@ class BlossomFunctie {
     MainWindow& window_;
     // The next sample is a drawer's first: the working arrays may differ anywhere.
     bool menglijnen_volledig_ = true;
+    // The drawer's number of lines, and whether its arrays hold fewer than graad + 1 values.
+    std::size_t menglijnen_ = 0;
+    bool menglijnen_te_weinig_ = false;
     // The parameter search divides every segment into steps of this fraction of its length.
     float zoekfractie;
     // The parameter search subdivides at most this many intervals.

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cfloat>
 #include <cmath>
+#include <optional>
 
 #include "geometry/coordinaten.h"
 #include "knots/knoop_vector.h"
@@ -16,9 +17,9 @@ namespace zw {
 namespace {
 
 // The knots do not change while a curve is drawn: their order is looked at once.
-std::int32_t oplopendeKnopen(const KnoopVector& vec) {
+KnotOrder knoopvolgorde(const KnoopVector& vec) {
     const Array<double>& knopen = vec.knopen();
-    return increasingKnots(knopen.data(), knopen.size(), vec.knopenlengte);
+    return {increasingKnots(knopen.data(), knopen.size(), vec.knopenlengte), 0};
 }
 
 // t advanced by the step. A step that leaves t where it is (none, a negative one, or one lost
@@ -42,7 +43,9 @@ class Kromme {
           functie_(functie),
           k_(window.polygoon().orde),
           argumenten_(addSingle(k_, -1.0f)),
-          oplopend_(oplopendeKnopen(window.vec())),
+          // A whole order fills the whole list, as the loop over 0 .. k - 1 does.
+          vulbaar_(isWhole(k_) && static_cast<double>(argumenten_.size()) == k_),
+          knoopvolgorde_(knoopvolgorde(window.vec())),
           kleur_(kleur),
           breed_(breed) {
         // Knot points are discs in the data colour.
@@ -53,8 +56,13 @@ class Kromme {
     // from `begin`. The blossom of the diagonal (t, ..., t) is the segment's B-spline basis at
     // t; zoek_coord combines it with the points and their weights and rounds.
     Punt punt(double t, float segment, float begin) {
-        forSingle(0.0f, addSingle(k_, -1.0f), 1.0f, [&](float i) { argumenten_(i) = t; });
-        functie_.blossom(argumenten_, segment, oplopend_, coefficienten_);
+        if (vulbaar_) {
+            werk(argumenten_.size());
+            std::fill(argumenten_.data(), argumenten_.data() + argumenten_.size(), t);
+        } else {
+            forSingle(0.0f, addSingle(k_, -1.0f), 1.0f, [&](float i) { argumenten_(i) = t; });
+        }
+        functie_.blossom(argumenten_, segment, knoopvolgorde_, coefficienten_);
         return window_.polygoon().zoek_coord(coefficienten_, begin);
     }
 
@@ -74,7 +82,9 @@ class Kromme {
             } else {
                 vorig_ = knooppunt;  // the run starts at its first knot point
             }
-            while (t < vec.knoop(addSingle(k_, s))) {
+            // The segment's end, read once: nothing changes the knots while it is drawn.
+            const double einde = vec.knoop(addSingle(k_, s));
+            while (t < einde) {
                 const Punt nieuw = punt(t, segment, s);
                 lijn(nieuw);
                 vorig_.vulpunt(nieuw.X, nieuw.Y);
@@ -116,7 +126,8 @@ class Kromme {
     const BlossomFunctie& functie_;
     const float k_;
     Array<double> argumenten_;
-    const std::int32_t oplopend_;
+    const bool vulbaar_;
+    KnotOrder knoopvolgorde_;
     Array<double> coefficienten_;
     const Colour kleur_;
     const bool breed_;
@@ -125,12 +136,51 @@ class Kromme {
 
 }  // namespace
 
-float BlossomFunctie::mengpositie(double t) const {
-    const KnoopVector& vec = window_.vec();
-    const double eerste = vec.knoop(0.0f);
-    const double laatste = vec.knoop(addSingle(vec.knopenlengte, -1.0f));
+float BlossomFunctie::Mengschaal::positie(double t) const {
     const double deel = divide(checkedDouble(t - eerste), checkedDouble(laatste - eerste));
     return toSingle(checkedDouble(deel * 1000000.0));
+}
+
+BlossomFunctie::Mengschaal BlossomFunctie::mengschaal() const {
+    const KnoopVector& vec = window_.vec();
+    return {vec.knoop(0.0f), vec.knoop(addSingle(vec.knopenlengte, -1.0f))};
+}
+
+float BlossomFunctie::mengpositie(double t) const {
+    return mengschaal().positie(t);
+}
+
+// The rational basis: each polynomial basis value times its weight, over the sum of these, so
+// that the values of every sample add up to 100. Each weight is fetched once; with the indexes
+// whole and inside the array the values are written straight, else by the checked loops.
+void BlossomFunctie::echte_mengwaarden(float s, float k, const Array<double>& c) {
+    const GewichtenForm& gewichten = window_.gewichten();
+    constexpr float kRecht = 64.0f;
+    if (isWhole(s) && isWhole(k) && s >= 0.0f && k >= 1.0f && k <= kRecht &&
+        static_cast<double>(s) + k <= static_cast<double>(mengwaarden.size()) &&
+        k <= static_cast<float>(c.size())) {
+        const auto eerste = static_cast<std::int32_t>(s), aantal = static_cast<std::int32_t>(k);
+        double g[static_cast<int>(kRecht)];
+        double w = 0.0;
+        for (std::int32_t i = 0; i < aantal; ++i) {
+            g[i] = gewichten.gewicht(static_cast<float>(eerste + i));
+            w = checkedDouble(w + g[i] * c.data()[i]);
+        }
+        werk(static_cast<std::uint64_t>(aantal) * 4);
+        for (std::int32_t i = 0; i < aantal; ++i) {
+            mengwaarden.data()[eerste + i] =
+                toSingle(divide(checkedDouble(c.data()[i] * 100.0 * g[i]), w));
+        }
+        return;
+    }
+    const float laatste = addSingle(k, -1.0f);
+    double w = 0.0;
+    forSingle(0.0f, laatste, 1.0f,
+              [&](float i) { w = checkedDouble(w + gewichten.gewicht(addSingle(s, i)) * c(i)); });
+    forSingle(0.0f, laatste, 1.0f, [&](float i) {
+        const float j = addSingle(s, i);
+        mengwaarden(j) = toSingle(divide(checkedDouble(c(i) * 100.0 * gewichten.gewicht(j)), w));
+    });
 }
 
 void BlossomFunctie::teken_spline() {
@@ -143,25 +193,17 @@ void BlossomFunctie::teken_spline() {
     const float stapgrootte = k == 2.0f ? divideSingle(stap, 20.0f) : stap;
     const std::array<Colour, 8> kleuren =
         window_.mengstat ? mengkleuren() : std::array<Colour, 8>();
+    std::optional<Mengschaal> schaal;
     menglijnen_volledig_ = true;
     kromme.segmenten(0.0f, n, stapgrootte, [&](float s, const Array<double>& c, double t) {
         if (!window_.mengstat) {
             return;
         }
-        mengx = mengpositie(t);
-        // The rational basis: each polynomial basis value times its weight, over the sum of
-        // these, so that the values of every sample add up to 100.
-        const GewichtenForm& gewichten = window_.gewichten();
-        const float laatste = addSingle(k, -1.0f);
-        double w = 0.0;
-        forSingle(0.0f, laatste, 1.0f, [&](float i) {
-            w = checkedDouble(w + gewichten.gewicht(addSingle(s, i)) * c(i));
-        });
-        forSingle(0.0f, laatste, 1.0f, [&](float i) {
-            const float j = addSingle(s, i);
-            mengwaarden(j) =
-                toSingle(divide(checkedDouble(c(i) * 100.0 * gewichten.gewicht(j)), w));
-        });
+        if (!schaal) {
+            schaal = mengschaal();
+        }
+        mengx = schaal->positie(t);
+        echte_mengwaarden(s, k, c);
         trek_menglijnen(kleuren, s, addSingle(s, k));
     });
     // The end of the real range belongs to no segment; it is the last segment's end point.
@@ -191,11 +233,17 @@ std::array<Colour, 8> BlossomFunctie::mengkleuren() const {
 // lines, and one copy. As in the loop, the lines of the indexes that exist are drawn before an
 // index beyond the arrays raises the subscript error.
 void BlossomFunctie::trek_menglijnen(const std::array<Colour, 8>& kleuren, float van, float tot) {
-    const double graad = window_.polygoon().graad;
-    const double gevraagd = graad >= 0.0 ? std::floor(graad) + 1.0 : 0.0;
-    const std::size_t bestaand = std::min(mengwaarden.size(), vorige_mengwaarden.size());
-    const std::size_t n =
-        gevraagd < static_cast<double>(bestaand) ? static_cast<std::size_t>(gevraagd) : bestaand;
+    // The number of lines is a drawer's: its first sample finds it, and whether the arrays fall
+    // short of it.
+    if (menglijnen_volledig_) {
+        const double graad = window_.polygoon().graad;
+        const double gevraagd = graad >= 0.0 ? std::floor(graad) + 1.0 : 0.0;
+        const std::size_t bestaand = std::min(mengwaarden.size(), vorige_mengwaarden.size());
+        menglijnen_ = gevraagd < static_cast<double>(bestaand) ? static_cast<std::size_t>(gevraagd)
+                                                               : bestaand;
+        menglijnen_te_weinig_ = gevraagd > static_cast<double>(menglijnen_);
+    }
+    const std::size_t n = menglijnen_;
     // Every other entry was copied at the sample before and has not been written since: its
     // line stays level, which the surface need not be shown again.
     const auto binnen = [n](double i) {
@@ -206,8 +254,10 @@ void BlossomFunctie::trek_menglijnen(const std::array<Colour, 8>& kleuren, float
     menglijnen_volledig_ = false;
     window_.meng().lineFan(vorige_mengx, vorige_mengwaarden.data(), mengx, mengwaarden.data(), n,
                            kleuren.data(), kleuren.size(), a, e);
-    std::copy(mengwaarden.data() + a, mengwaarden.data() + e, vorige_mengwaarden.data() + a);
-    if (gevraagd > static_cast<double>(n)) {
+    for (std::size_t i = a; i < e; ++i) {
+        vorige_mengwaarden.data()[i] = mengwaarden.data()[i];
+    }
+    if (menglijnen_te_weinig_) {
         raise(kErrSubscript);
     }
     vorige_mengx = mengx;
@@ -224,13 +274,18 @@ void BlossomFunctie::teken_virtueel_bereik(double t, const VirtueelBereik& berei
     menglijnen_volledig_ = true;
     Array<double> argumenten(addSingle(k, -1.0f));
     Array<double> coefficienten(k);
-    const std::int32_t oplopend = oplopendeKnopen(vec);
+    KnotOrder volgorde = knoopvolgorde(vec);
+    std::optional<Mengschaal> schaal;
     forSingle(1.0f, addSingle(k, -1.0f), 1.0f, [&](float j) {
         const float segment = addSingle(bereik.segment, j);
-        while (t < vec.knoop(addSingle(bereik.eindknoop, j))) {
+        const double einde = vec.knoop(addSingle(bereik.eindknoop, j));
+        while (t < einde) {
             forSingle(0.0f, addSingle(k, -1.0f), 1.0f, [&](float i) { argumenten(i) = t; });
-            blossom(argumenten, segment, oplopend, coefficienten);
-            mengx = mengpositie(t);
+            blossom(argumenten, segment, volgorde, coefficienten);
+            if (!schaal) {
+                schaal = mengschaal();
+            }
+            mengx = schaal->positie(t);
             forSingle(0.0f, addSingle(k, -1.0f), 1.0f, [&](float i) {
                 const float punt = addSingle(addSingle(segment, bereik.punt), i);
                 if (punt >= bereik.onder && punt <= bereik.boven) {
