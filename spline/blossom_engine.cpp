@@ -102,14 +102,15 @@ bool sameBits(const double* a, const double* b, std::size_t n) {
 }  // namespace
 
 // Lists are compared bit for bit, so that a reused vector is exactly the one the list would give.
+// Each probe compares a whole list: a long chain of collisions is work like any other.
 std::int32_t BlossomEngine::lookup(const double* list, std::uint32_t hash) const {
-    werk(keyLength_);
     const std::size_t mask = slotCount_ - 1;
     for (std::size_t slot = hash & mask;; slot = (slot + 1) & mask) {
         const std::int32_t node = slots_[slot];
         if (node < 0) {
             return -1;
         }
+        werk(keyLength_ + 1);
         if (sameBits(values_ + node * stride_, list, keyLength_)) {
             return node;
         }
@@ -154,6 +155,7 @@ void BlossomEngine::growValues() {
 }
 
 void BlossomEngine::growSlots() {
+    werk(static_cast<std::uint64_t>(nodeCount_) * (keyLength_ + 1));
     std::vector<std::int32_t> grown(slotCount_ * 2, -1);
     const std::size_t mask = grown.size() - 1;
     for (std::int32_t node = 0; node < nodeCount_; ++node) {

@@ -1,8 +1,8 @@
 // What a user can do with a curve file, as one script of user actions on the whole editor: open
-// it, see it with the knot pane, split every segment, insert a knot, take a wavelet step, zoom,
-// undo and redo. Each step is one action in the event guard, as the editor runs it, so each ends
-// in success or in its classic run-time error, within its budget of work. The fuzz target and
-// the corpus replay share it.
+// it, see it with the knot pane, split every segment, insert a knot, take a wavelet step, drag a
+// weight, zoom, undo and redo. Each step is one action in the event guard, as the editor runs it,
+// so each ends in success or in its classic run-time error, within its budget of work. The fuzz
+// target and the corpus replay share it.
 #pragma once
 
 #include <string>
@@ -14,6 +14,7 @@
 #include "platform/scripted_dialogs.h"
 #include "spline/blossom_functie.h"
 #include "storage/opslag.h"
+#include "weights/gewichten_form.h"
 #include "window/headless_editor.h"
 
 namespace zw {
@@ -51,10 +52,22 @@ inline bool speelAf(HeadlessEditor& w, ScriptedDialogs& dialogs, const std::stri
             w.klik("mntBewerkenWavelet");
         }
     });
+    // The weights window: shown, the handle nearest the left of the middle dragged to the top and
+    // released, the canvas redrawn with its points in colour.
+    guard.run([&] { w.klik("mntBeeldGewichten"); });
+    Surface& gewichten = w.gewichten().Doek();
+    guard.run([&] { gewichten.deliverMouseDown(2, 0, 30, 150); });
+    guard.run([&] { gewichten.deliverMouseMove(2, 0, 30, 80); });
+    guard.run([&] { gewichten.deliverMouseUp(2, 0, 30, 10); });
     for (const char* naam :
          {"mntBeeldZoomInzoemen", "mntBeeldZoomUitzoemen", "mntBewerkenUndo", "mntBewerkenRedo"}) {
         guard.run([&] { w.klik(naam); });
     }
+    // Any other button: every weight back to 1. Then "Nieuw" unloads the window and the toolbar
+    // shows it again, which loads it anew with the weights it kept.
+    guard.run([&] { gewichten.deliverMouseDown(1, 0, 5, 5); });
+    guard.run([&] { w.klik("mntBestandNieuw"); });
+    guard.run([&] { w.Tb_ButtonClick("Gewicht"); });
     return geopend;
 }
 

@@ -1,10 +1,16 @@
-// Takes the README's picture of the editor: a fresh program directory with the default settings,
-// an open-uniform cubic curve of eight control points, the window shown and grabbed.
+// Takes the README's pictures of the editor: a fresh program directory with the default settings,
+// an open-uniform cubic curve of eight control points, the window shown and grabbed; then, when a
+// second file is named, the weights window opened beside it, two weights dragged, and the screen
+// grabbed with both windows.
 //
-// Usage: screenshot <output.png>   (needs a screen; ./zw screenshot runs it under Xvfb)
+// Usage: screenshot <editor.png> [<weights.png>]   (needs a screen; ./zw screenshot runs it
+// under Xvfb)
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QPixmap>
+#include <QScreen>
 #include <QTemporaryDir>
+#include <cmath>
 #include <cstdio>
 #include <memory>
 
@@ -13,6 +19,7 @@
 #include "platform/scripted_dialogs.h"
 #include "window/instellingen.h"
 #include "ui/application.h"
+#include "ui/gewichten_venster.h"
 #include "weights/gewichten_form.h"
 
 namespace {
@@ -37,12 +44,48 @@ void drawCurve(zw::ZwierlijnVenster& w) {
     w.Doek().refresh();
 }
 
+// A right drag of handle `index` to the height of `gewicht` on its scale, through the form's own
+// mouse handlers.
+void sleepGewicht(zw::GewichtenForm& form, float index, double gewicht) {
+    const float kolom = form.ScaleWidth() / (form.aantal_gew() + 1.0f);
+    const float marge = form.ScaleHeight() / 10.0f;
+    const float eenheid = (form.ScaleHeight() - 2.0f * marge) / 10.0f;
+    const float x = (index + 1.0f) * kolom;
+    const auto y = static_cast<float>((5.0 - std::log2(gewicht)) * eenheid + marge);
+    form.Doek_MouseDown(2, 0, x, form.ScaleHeight() / 2.0f);
+    form.Doek_MouseMove(2, 0, x, y);
+    form.Doek_MouseUp(2, 0, x, y);
+}
+
+bool neemGewichten(zw::ZwierlijnVenster& w, const char* bestand) {
+    // The scripted dialogs only note the request: the window is shown as the dialogs would show
+    // it, and once it is active it has placed itself beside the editor.
+    w.klik("mntBeeldGewichten");
+    zw::GewichtenVenster& venster = w.gewichtenVenster();
+    venster.resize(venster.width(), w.frameGeometry().height());
+    venster.show();
+    venster.activateWindow();
+    QElapsedTimer wacht;
+    wacht.start();
+    while (!venster.isActiveWindow() && wacht.elapsed() < 2000) {
+        QApplication::processEvents(QEventLoop::AllEvents, 50);
+    }
+    QApplication::processEvents();
+    sleepGewicht(w.gewichten(), 2.0f, 8.0);
+    sleepGewicht(w.gewichten(), 5.0f, 0.25);
+    QApplication::processEvents();
+    const QRect beide = w.frameGeometry().united(venster.frameGeometry());
+    return QGuiApplication::primaryScreen()
+        ->grabWindow(0, beide.x(), beide.y(), beide.width(), beide.height())
+        .save(QString::fromLocal8Bit(bestand));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     QApplication qtApp(argc, argv);
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: screenshot <output.png>\n");
+    if (argc != 2 && argc != 3) {
+        std::fprintf(stderr, "usage: screenshot <editor.png> [<weights.png>]\n");
         return 2;
     }
     QTemporaryDir dir;
@@ -55,6 +98,10 @@ int main(int argc, char** argv) {
     QApplication::processEvents();
     if (!w.grab().save(QString::fromLocal8Bit(argv[1]))) {
         std::fprintf(stderr, "screenshot: cannot write %s\n", argv[1]);
+        return 1;
+    }
+    if (argc == 3 && !neemGewichten(w, argv[2])) {
+        std::fprintf(stderr, "screenshot: cannot write %s\n", argv[2]);
         return 1;
     }
     return 0;

@@ -13,6 +13,7 @@
 
 #include "platform/record_file.h"
 #include "platform/runtime_error.h"
+#include "ui/gewichten_venster.h"
 #include "ui/kleurtjes.h"
 #include "ui/menus.h"
 #include "ui/surface_widget.h"
@@ -46,6 +47,7 @@ ZwierlijnVenster::ZwierlijnVenster(std::string programDirectory, Dialogs& dialog
 // members they point into.
 ZwierlijnVenster::~ZwierlijnVenster() {
     kleurtjes_.reset();
+    gewichtenVenster_.reset();
     delete formulier_;
 }
 
@@ -184,9 +186,26 @@ void ZwierlijnVenster::sluitKleurtjes() {
     kleurtjes_.reset();
 }
 
-// --- Closing -----------------------------------------------------------------------------------
+// --- The weights window ------------------------------------------------------------------------
 
-void ZwierlijnVenster::sluitGewichten() {}
+GewichtenVenster& ZwierlijnVenster::gewichtenVenster() {
+    if (!gewichtenVenster_) {
+        gewichtenVenster_ = std::make_unique<GewichtenVenster>(gewichten(), guard_, *this);
+    }
+    return *gewichtenVenster_;
+}
+
+void ZwierlijnVenster::toonGewichten() {
+    dialogs().show(gewichtenVenster(), false);
+}
+
+void ZwierlijnVenster::sluitGewichten() {
+    if (gewichtenVenster_) {
+        gewichtenVenster_->close();
+    }
+}
+
+// --- Closing -----------------------------------------------------------------------------------
 
 void ZwierlijnVenster::sluitVenster() {
     if (!sluitend_) {

@@ -1,7 +1,8 @@
 // The main window's widgets: the canvas and the two panes as surface widgets in the client area,
 // the menu bar, the toolbar `Tb` and the label `CoordLabel`, around the window's own state and
 // handlers (Zwierlijn). Menus and toolbar show what the window's handlers set; the settings
-// dialog `Kleurtjes` is made here and keeps the settings file open.
+// dialog `Kleurtjes` is made here and keeps the settings file open, and so is the window that
+// shows the weights form.
 #pragma once
 
 #include <QMainWindow>
@@ -18,6 +19,7 @@ class QToolBar;
 
 namespace zw {
 
+class GewichtenVenster;
 class Kleurtjes;
 class Menus;
 class SurfaceWidget;
@@ -32,6 +34,8 @@ class ZwierlijnVenster : public QMainWindow, public Zwierlijn {
 
     // The settings dialog; made (and its settings file opened) on first use.
     Kleurtjes& kleurtjes();
+    // The weights window; made on first use and then kept, shown or not.
+    GewichtenVenster& gewichtenVenster();
 
     QAction* menu(const QString& name) const;
     // A toolbar button by its key.
@@ -51,6 +55,7 @@ class ZwierlijnVenster : public QMainWindow, public Zwierlijn {
     void zetInstellingenBestonden() override;
     void toonKleurtjes(bool modal) override;
     void sluitKleurtjes() override;
+    void toonGewichten() override;
     void sluitGewichten() override;
     void sluitVenster() override;
 
@@ -64,6 +69,7 @@ class ZwierlijnVenster : public QMainWindow, public Zwierlijn {
 
     EventGuard& guard_;
     std::unique_ptr<Kleurtjes> kleurtjes_;
+    std::unique_ptr<GewichtenVenster> gewichtenVenster_;
     bool sluitend_ = false;
 
     QWidget* formulier_ = nullptr;

@@ -175,8 +175,20 @@ void Zwierlijn::herstart() {
 
 void Zwierlijn::sluit_af() {
     sluitKleurtjes();
-    sluitGewichten();
+    ontlaadGewichten();
     sluitVenster();
+}
+
+void Zwierlijn::toonGewichten() {
+    gewichten().toon();
+}
+
+// A form that was never made has no window to close.
+void Zwierlijn::ontlaadGewichten() {
+    if (gewichten_) {
+        gewichten_->Unload();
+        sluitGewichten();
+    }
 }
 
 }  // namespace zw

@@ -87,6 +87,7 @@ class Zwierlijn : public MainWindow {
     void mntBeeldKnooppunten_Click();
     void mntBeeldMengFuncties_Click();
     void mntbeeldsleepdetail_Click();
+    void mntBeeldGewichten_Click();
     void mntBeeldKleuren_Click();
 
     void mntBestandNieuw_Click();
@@ -149,7 +150,10 @@ class Zwierlijn : public MainWindow {
     virtual void zetInstellingenBestonden() = 0;
     virtual void toonKleurtjes(bool modal) = 0;
     virtual void sluitKleurtjes() = 0;
-    // Unloads the weights window: its window closes, its weights stay.
+    // Shows the weights window without blocking. A host without a screen has no window to
+    // show: the form is only told that it appeared, at the size it has.
+    virtual void toonGewichten();
+    // Closes the weights window, once the form has been unloaded.
     virtual void sluitGewichten() = 0;
     // The last step of sluit_af: the window itself goes.
     virtual void sluitVenster() = 0;
@@ -163,6 +167,8 @@ class Zwierlijn : public MainWindow {
     bool map_bestaat(const std::string& map) const;
     void zetDetail(const char* item, float stap);
     void sleepPunt(float X, float Y);
+    // Unload of the weights window: the form's variables, the weights among them, stay.
+    void ontlaadGewichten();
     void verbindPanelen();
 
     std::string programDirectory_;

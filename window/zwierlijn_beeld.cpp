@@ -95,4 +95,10 @@ void Zwierlijn::mntbeeldsleepdetail_Click() {
     menus_.zetVinkje("mntbeeldsleepdetail", sleep_detail);
 }
 
+// From the next redraw on the canvas draws its points in their colours, matching the handles.
+void Zwierlijn::mntBeeldGewichten_Click() {
+    toonGewichten();
+    gewichtstat = true;
+}
+
 }  // namespace zw

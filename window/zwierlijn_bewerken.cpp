@@ -22,8 +22,7 @@ void Zwierlijn::mntBestandNieuw_Click() {
     vec_->openuniform = false;
     knopen_.move(0, 0, 0, 0);
     meng_.move(0, 0, 0, 0);
-    // A closed weights window starts afresh when it is opened again.
-    gewichten_.reset();
+    ontlaadGewichten();
     zetInstellingenBestonden();
 }
 
@@ -148,6 +147,7 @@ bool Zwierlijn::klik(const std::string& naam) {
         {"mntBeeldDetailNormaal", &Zwierlijn::mntBeeldDetailNormaal_Click},
         {"mntBeeldDetailHigh", &Zwierlijn::mntBeeldDetailHigh_Click},
         {"mntbeeldsleepdetail", &Zwierlijn::mntbeeldsleepdetail_Click},
+        {"mntBeeldGewichten", &Zwierlijn::mntBeeldGewichten_Click},
         {"mntBeeldKleuren", &Zwierlijn::mntBeeldKleuren_Click},
     };
     for (const auto& [item, handler] : handlers) {
@@ -186,7 +186,7 @@ void Zwierlijn::Tb_ButtonClick(const std::string& key) {
         {"ZetOrde", &Zwierlijn::mntBewerkenKnopenZetOrde_Click, false},
         {"OpenUniform", &Zwierlijn::mntBewerkenKnopenOpenUniform_Click, false},
         {"Uniform", &Zwierlijn::mntBewerkenKnopenZetuniform_Click, false},
-        {"Gewicht", nullptr, false},
+        {"Gewicht", &Zwierlijn::mntBeeldGewichten_Click, false},
     };
     for (const Regel& r : regels) {
         if (key != r.key) {

@@ -114,7 +114,6 @@ TEST(DoubleText, RoundsToFifteenDigitsAndSwitchesToENotation) {
 // below 1. Values that are no numbers still get a text.
 TEST(StrText, LeadingBlankNoLeadingZeroAndNonFiniteValues) {
     EXPECT_EQ(singleToStr(3), " 3");
-    EXPECT_EQ(singleToStr(0), " 0");
     EXPECT_EQ(singleToStr(-0.0f), " 0");
     EXPECT_EQ(singleToStr(0.5f), " .5");
     EXPECT_EQ(singleToStr(-0.5f), "-.5");

@@ -1,0 +1,139 @@
+#include <QAction>
+
+#include "editor_fixture.h"
+#include "ui/gewichten_venster.h"
+
+namespace zw {
+namespace {
+
+// The weights window at 400 x 300 pixels: scales from 450 (weight 32) to 4050 twips (1/32), 360
+// twips to a power of two, weight 1 at 2250.
+class WeightsTest : public EditorTest {
+  protected:
+    // The scripted dialogs only note the request; the window is shown here as they would.
+    GewichtenVenster& open(const char* key = "Gewicht") {
+        w->knop(key)->trigger();
+        GewichtenVenster& v = w->gewichtenVenster();
+        v.resize(400, 300);
+        v.show();
+        QCoreApplication::processEvents();
+        return v;
+    }
+    GewichtenForm& form() { return w->gewichten(); }
+    SurfaceWidget& doek() { return w->gewichtenVenster().doekWidget(); }
+    void dragWeight(double x, double y0, double y1) { drag(doek(), Qt::RightButton, x, y0, x, y1); }
+    std::vector<double> weights() {
+        std::vector<double> v;
+        for (float i = 0; i < form().aantal_gew(); ++i) {
+            v.push_back(form().gewicht(i));
+        }
+        return v;
+    }
+    // Where the canvas' curve starts.
+    std::pair<double, double> curveStart() {
+        for (const DrawRecord& r : doekLog()) {
+            if (r.kind == DrawKind::kLine && r.colour == w->krommekleur) {
+                return {r.x1, r.y1};
+            }
+        }
+        return {};
+    }
+};
+
+TEST_F(WeightsTest, OpensWithoutBlockingAndTheCanvasThenColoursItsPoints) {
+    testCurve();
+    GewichtenVenster& v = open();
+    ASSERT_EQ(dialogs.shown().size(), 1u);
+    EXPECT_EQ(dialogs.shown()[0].window, "GewichtenForm");
+    EXPECT_FALSE(dialogs.shown()[0].modal);
+    EXPECT_EQ(doek().size(), v.size());
+    // Every point's colour is drawn once for every point.
+    w->Doek().refresh();
+    int coloured = 0;
+    for (const DrawRecord& r : doekLog()) {
+        for (int i = 0; i < 4; ++i) {
+            const Punt& p = w->polygoon().punten(i);
+            coloured += r.kind == DrawKind::kCircle && r.colour == w->kleur(i) && r.x1 == p.X &&
+                        r.y1 == p.Y && r.fillColour == w->kleur(i);
+        }
+    }
+    EXPECT_EQ(coloured, 16);
+    // Closed, the canvas draws its points plainly again; the menu opens it anew.
+    v.close();
+    EXPECT_FALSE(w->gewichtstat);
+    w->menu("mntBeeldGewichten")->trigger();
+    EXPECT_TRUE(w->gewichtstat);
+}
+
+// Each release is one version holding every weight (records 3i + 3) and the largest (the last
+// record); the largest is looked for again, so it can fall.
+TEST_F(WeightsTest, ARightDragIsPinnedAtTheEndsAndItsReleaseRecordsOneVersion) {
+    testCurve();
+    open();
+    const struct {
+        double x, from, to, weight, largest;
+    } drags[] = {{1200, 2250, 100, 32, 32}, {2400, 2250, 4400, 1.0 / 32, 32},
+                 {1200, 450, 1530, 4, 4}};
+    for (const auto& d : drags) {
+        const float before = version();
+        dragWeight(d.x, d.from, d.to);
+        EXPECT_EQ(form().gewicht(static_cast<float>(d.x / 1200 - 1)), d.weight);
+        EXPECT_EQ(form().get_grootste_gewicht(), d.largest);
+        ASSERT_EQ(version(), before + 1);
+        RecordFile file(dir.file("undoredo/" + std::to_string(static_cast<int>(version())) + ".zwl"));
+        for (int i = 0; i < 4; ++i) {
+            EXPECT_EQ(file.getSingle(3 * i + 6), static_cast<float>(form().gewicht(i)));
+        }
+        EXPECT_EQ(file.getSingle(static_cast<double>(file.length() / 4)), d.largest);
+    }
+}
+
+// Halfway between the first two handles the first is picked; any other button than the right
+// resets every weight and the largest.
+TEST_F(WeightsTest, EqualDistancesPickTheLowerIndexAndOtherButtonsReset) {
+    testCurve();
+    open();
+    dragWeight(1800, 2250, 1530);
+    EXPECT_EQ(weights(), (std::vector<double>{4, 1, 1, 1}));
+    for (Qt::MouseButton b : {Qt::LeftButton, Qt::MiddleButton}) {
+        form().zet_gewichten(3, 8.0);
+        form().zet_grootste_gewicht(8.0);
+        QTest::mouseClick(&doek(), b, Qt::NoModifier, QPoint(20, 20));
+        EXPECT_EQ(weights(), (std::vector<double>{1, 1, 1, 1}));
+        EXPECT_EQ(form().get_grootste_gewicht(), 1.0);
+    }
+}
+
+// The curve starts at (P0 + 4 w1 P1 + P2) / (1 + 4 w1 + 1): weight 32 takes it close to P1.
+TEST_F(WeightsTest, ARaisedWeightPullsTheCurveTowardsItsPoint) {
+    testCurve();
+    open();
+    EXPECT_EQ(curveStart(), std::make_pair(2000.0, 4333.0));
+    dragWeight(2400, 2250, 100);
+    const auto [x, y] = curveStart();
+    EXPECT_LT(std::hypot(x - 1000, y - 5000), 60);
+}
+
+TEST_F(WeightsTest, NewPointsGetWeightOneAndNieuwClosesTheWindowKeepingTheWeights) {
+    GewichtenVenster& v = open();
+    for (int i = 0; i < 3; ++i) {
+        click(1500 + 1000 * i, 2000);
+    }
+    dragWeight(3000, 2250, 1530);
+    click(5000, 3000);
+    click(6000, 2000);
+    EXPECT_EQ(weights(), (std::vector<double>{1, 4, 1, 1, 1}));
+    // The window follows: the last of five handles in a column of 1000 twips.
+    EXPECT_EQ(form().Doek().log().back().x1, 5000);
+
+    w->knop("Nieuw")->trigger();
+    EXPECT_FALSE(v.isVisible());
+    EXPECT_FALSE(w->gewichtstat);
+    EXPECT_EQ(weights(), (std::vector<double>{1, 4, 1, 1, 1}));
+    EXPECT_EQ(form().get_grootste_gewicht(), 4.0);
+    open();
+    EXPECT_TRUE(v.isVisible());
+}
+
+}  // namespace
+}  // namespace zw
