@@ -57,7 +57,7 @@ class HeadlessWindow : public MainWindow {
   public:
     // The tests read what was drawn: every surface keeps its log.
     HeadlessWindow() {
-        for (Surface* s : {&doek_, &knopen_, &meng_}) {
+        for (Surface* s : {&doek_, &knopen_, &meng_, &gewichten_.Doek()}) {
             s->setLogging(true);
         }
     }

@@ -44,9 +44,11 @@ void Zwierlijn::verbindPanelen() {
     meng_.setPaintHandler([this] { meng_Paint(); });
 }
 
+// A window whose canvas keeps a log of what it draws (a test's) keeps one of its weights too.
 GewichtenForm& Zwierlijn::gewichten() {
     if (!gewichten_) {
         gewichten_ = std::make_unique<GewichtenForm>(*this);
+        gewichten_->Doek().setLogging(doek_.logging());
     }
     return *gewichten_;
 }

@@ -50,7 +50,7 @@ class EditorTest : public ::testing::Test {
             }
         }
         w = std::make_unique<ZwierlijnVenster>(dir.path(), dialogs, guard);
-        for (Surface* s : {&w->Doek(), &w->Knopen(), &w->meng()}) {
+        for (Surface* s : {&w->Doek(), &w->Knopen(), &w->meng(), &w->gewichten().Doek()}) {
             s->setLogging(true);
         }
         w->show();
