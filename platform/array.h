@@ -60,6 +60,7 @@ class Array {
     std::size_t size() const { return items_.size(); }
     // The elements as stored, for loops that check their indexes against size() themselves.
     const T* data() const { return items_.data(); }
+    T* data() { return items_.data(); }
 
     T& operator()(double index) { return items_[checkedIndex(index)]; }
     const T& operator()(double index) const { return items_[checkedIndex(index)]; }

@@ -12,11 +12,38 @@
 namespace zw {
 
 // Rounds to a whole number, halves to the even neighbour (2.5 -> 2, 3.5 -> 4, -2.5 -> -2).
-// Infinities and NaN come back unchanged.
-double roundHalfEven(double x);
+// Infinities and NaN come back unchanged. Every curve point is rounded so, twice per sample:
+// below 2^52, adding 2^52 leaves no bits below the units, so the addition itself rounds in the
+// floating-point unit's own mode, to nearest with halves to even, and subtracting it again is
+// exact. (The build never relaxes IEEE arithmetic, which would fold the two away.)
+inline double roundHalfEven(double x) {
+    constexpr double kTwo52 = 4503599627370496.0;
+    if (!(std::fabs(x) < kTwo52)) {
+        return x;  // already whole, or not a number at all
+    }
+    return x >= 0.0 ? (x + kTwo52) - kTwo52 : (x - kTwo52) + kTwo52;
+}
+
+// Whether x is a whole number, as x == floor(x) answers it (infinities are, NaN is not), without
+// the library's floor: the evaluator asks it several times per curve point.
+inline bool isWhole(double x) {
+    if (std::isnan(x)) {
+        return false;
+    }
+    if (!(std::fabs(x) < 4503599627370496.0)) {  // from 2^52 on every double is whole
+        return true;
+    }
+    return x == static_cast<double>(static_cast<std::int64_t>(x));
+}
 
 // CInt: rounded halves to even, error 6 outside -32768..32767 and for NaN.
-std::int16_t toInteger(double x);
+inline std::int16_t toInteger(double x) {
+    const double r = roundHalfEven(x);
+    if (!(r >= -32768.0 && r <= 32767.0)) {
+        raise(kErrOverflow);
+    }
+    return static_cast<std::int16_t>(r);
+}
 
 // The general case of toLong: a value that is not already a whole number in range.
 std::int32_t roundToLong(double x);
@@ -34,7 +61,15 @@ inline std::int32_t toLong(double x) {
 }
 
 // CSng: the nearest Single; error 6 when the value does not fit a Single or is NaN.
-float toSingle(double x);
+inline float toSingle(double x) {
+    // Halfway between FLT_MAX and the next power of two a double rounds to infinity; below it,
+    // to FLT_MAX. Converting anything at or above that bound is undefined in C++.
+    constexpr double kFirstOverflow = 0x1.ffffffp127;
+    if (!(std::fabs(x) < kFirstOverflow)) {  // NaN fails the test as well
+        raise(kErrOverflow);
+    }
+    return static_cast<float>(x);
+}
 
 // An array index or record number from a Single (or any number): rounded halves to even, with
 // the overflow error of the conversion to a Long.

@@ -4,16 +4,6 @@
 
 namespace zw {
 
-namespace {
-
-// offset * to / from, with a degenerate range (from == 0) mapping everything to 0 rather than
-// dividing by zero.
-double stretch(double offset, double to, double from) {
-    return from == 0.0 ? 0.0 : offset * to / from;
-}
-
-}  // namespace
-
 ScaleMapper::ScaleMapper(double left, double top, double width, double height, double pixelWidth,
                          double pixelHeight)
     : left_(left),
@@ -21,15 +11,9 @@ ScaleMapper::ScaleMapper(double left, double top, double width, double height, d
       width_(width),
       height_(height),
       pixelWidth_(pixelWidth),
-      pixelHeight_(pixelHeight) {}
-
-double ScaleMapper::toPixelX(double x) const {
-    return stretch(x - left_, pixelWidth_, width_);
-}
-
-double ScaleMapper::toPixelY(double y) const {
-    return stretch(y - top_, pixelHeight_, height_);
-}
+      pixelHeight_(pixelHeight),
+      xFactor_(stretch(1.0, pixelWidth, width)),
+      yFactor_(stretch(1.0, pixelHeight, height)) {}
 
 double ScaleMapper::toScaleX(double px) const {
     return left_ + stretch(px, width_, pixelWidth_);

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <cfloat>
 #include <cmath>
+#include <cstring>
 
 #include <QPainter>
 #include <QPen>
 
 #include "platform/numeric.h"
 #include "platform/runtime_error.h"
+#include "platform/strokes.h"
 #include "platform/werk.h"
 
 namespace zw {
@@ -51,9 +53,80 @@ int deviceExtent(int logical, qreal ratio) {
     return toLong(std::ceil(logical * ratio));
 }
 
+// Collected lines keep their points to within this fraction of a device pixel: antialiasing
+// shows a shift of an eighth of a pixel as a change of an eighth in the coverage of an edge
+// pixel, which the eye does not see.
+constexpr double kTolerance = 0.125;
+// At most this many kept points wait to be painted; a longer run is painted in parts. With a
+// point 16 bytes, the waiting lines of a surface stay within a few hundred kilobytes.
+constexpr std::size_t kMaxVertices = 16384;
+// A fan of more lines than this is drawn line by line, so that its bookkeeping stays small.
+constexpr std::size_t kMaxFanLines = 1024;
+// The points thinned at a time: of a run of lines, and of each line of a fan. The last point of
+// each part becomes a vertex, whose square caps show as a slightly darker spot; the parts are as
+// long as the worst case of the thinning (a zigzag, quadratic in the part) allows.
+constexpr std::size_t kStrokeRun = 1024;
+constexpr std::size_t kFanRun = 256;
+// The work of a line that continues the one before, and of each line of a fan whose value stays
+// the same: the rasteriser meets them only as part of a longer stroke.
+constexpr std::uint64_t kWerkVervolg = 100;
+constexpr std::uint64_t kWerkWaaier = 2;
+
+QRgb opaque(Colour c) {
+    return qRgb(redOf(c), greenOf(c), blueOf(c));
+}
+
+std::uint32_t bitsOf(float x) {
+    std::uint32_t bits = 0;
+    std::memcpy(&bits, &x, sizeof bits);
+    return bits;
+}
+
 }  // namespace
 
-Surface::Surface() {
+// The lines collected and not yet painted: one run of line() calls, or one fan.
+struct Surface::Batch {
+    enum class Kind { kNone, kStroke, kFan };
+    struct FanLine {
+        ThinPolyline line;
+        double fedX = 0.0;  // pixel x of the last point given to the polyline
+    };
+    // A line of the fan whose value moved, with its ends in pixels.
+    struct Change {
+        std::size_t i;
+        double py1;
+        double py2;
+        std::uint32_t bits2;
+    };
+
+    Kind kind = Kind::kNone;
+    int width = 1;
+    // The scale of the open run or fan: a new scale paints what is open first.
+    ScaleMapper map;
+    // The run of lines: its colour, where its last line ended (scale units), its points.
+    Colour colour = 0;
+    double endX = 0.0;
+    double endY = 0.0;
+    ThinPolyline stroke;
+    // The fan: its colours, its x (scale units and pixels), each line's value as bits and its
+    // polyline. A line whose value stays the same is given no points: it runs level from its
+    // last point to the fan's x.
+    std::vector<Colour> palette;
+    double fanX = 0.0;
+    double fanPx = 0.0;
+    std::vector<std::uint32_t> ends;
+    std::vector<FanLine> lines;
+    std::size_t kept = 0;
+
+    // The changes of the last fan: the first changeCount entries. The storage only grows.
+    std::vector<Change> changes;
+    std::size_t changeCount = 0;
+    std::uint64_t movedCost = 0;  // the work of the changes' strokes
+    std::vector<QPointF> points;
+    DiscSprites discs;
+};
+
+Surface::Surface() : batch_(std::make_unique<Batch>()) {
     followSize();
 }
 
@@ -86,6 +159,7 @@ bool Surface::resizeImage(int width, int height, qreal ratio) {
     if (static_cast<double>(deviceWidth) * deviceHeight > kMaxImagePixels) {
         raise(kErrOutOfMemory);
     }
+    discard();
     finishPainting();
     QImage image;
     if (deviceWidth > 0 && deviceHeight > 0) {
@@ -98,10 +172,12 @@ bool Surface::resizeImage(int width, int height, qreal ratio) {
     image_ = std::move(image);
     pixelWidth_ = width;
     pixelHeight_ = height;
+    diagonal_ = std::hypot(width, height);
     devicePixelRatio_ = ratio;
     if (!userScale_) {
         followSize();
     }
+    map_ = makeMapper();
     cls();
     return true;
 }
@@ -157,28 +233,34 @@ void Surface::setScaleHeight(double value) {
     setUserScale(scaleLeft_, scaleTop_, scaleWidth_, value);
 }
 
+// Lines collected so far were placed by the old scale.
 void Surface::setUserScale(double left, double top, double width, double height) {
+    flush();
     userScale_ = true;
     scaleLeft_ = left;
     scaleTop_ = top;
     scaleWidth_ = width;
     scaleHeight_ = height;
+    map_ = makeMapper();
 }
 
 void Surface::followSize() {
+    flush();
     scaleLeft_ = 0.0;
     scaleTop_ = 0.0;
     scaleWidth_ = pixelWidth_ * kTwipsPerPixel;
     scaleHeight_ = pixelHeight_ * kTwipsPerPixel;
+    map_ = makeMapper();
 }
 
-ScaleMapper Surface::mapper() const {
+ScaleMapper Surface::makeMapper() const {
     return ScaleMapper(scaleLeft_, scaleTop_, scaleWidth_, scaleHeight_, pixelWidth_, pixelHeight_);
 }
 
 // --- Drawing ---------------------------------------------------------------------------------
 
 void Surface::cls() {
+    discard();
     finishPainting();
     werk(static_cast<std::uint64_t>(pixelWidth_) * static_cast<std::uint64_t>(pixelHeight_));
     if (!image_.isNull()) {
@@ -207,67 +289,306 @@ void Surface::setFillStyle(int style) {
     fillStyle_ = style;
 }
 
-// Rasterising costs by the pixels a primitive covers, and nothing beyond the image's diagonal
-// is drawn.
-std::uint64_t Surface::bedekt(double pixels) const {
-    const double diagonal = std::hypot(pixelWidth_, pixelHeight_);
-    const double covered = std::isfinite(pixels) ? std::min(std::fabs(pixels), diagonal) : 0.0;
-    return static_cast<std::uint64_t>(covered);
-}
-
 // Each record carries the pen and fill in force at the time, so later changes of state cannot
 // rewrite what the log says was drawn.
 void Surface::logPrimitive(DrawKind kind, double x1, double y1, double x2, double y2, double radius,
                            Colour colour) {
-    log_.push_back({kind, x1, y1, x2, y2, radius, colour, drawWidth_, fillStyle_, fillColour_});
+    if (logging_) {
+        log_.push_back({kind, x1, y1, x2, y2, radius, colour, drawWidth_, fillStyle_, fillColour_});
+    }
+}
+
+void Surface::setLogging(bool on) {
+    logging_ = on;
+    if (!on) {
+        std::vector<DrawRecord>().swap(log_);
+    }
 }
 
 void Surface::line(double x1, double y1, double x2, double y2, Colour colour) {
-    const ScaleMapper map = mapper();
-    const QPointF from(map.toPixelX(x1), map.toPixelY(y1));
-    const QPointF to(map.toPixelX(x2), map.toPixelY(y2));
-    werk(kWerkLijn + kWerkPerPixel * bedekt(std::hypot(to.x() - from.x(), to.y() - from.y())));
-    logPrimitive(DrawKind::kLine, x1, y1, x2, y2, 0.0, colour);
-    if (!isFinite(from) || !isFinite(to)) {
+    Batch& b = *batch_;
+    if (b.kind == Batch::Kind::kStroke && colour == b.colour && drawWidth_ == b.width &&
+        x1 == b.endX && y1 == b.endY && continueStroke(x1, y1, x2, y2, colour)) {
         return;
     }
-    // Square caps: curves are drawn as runs of short wide lines, and at the curve's three pixels
-    // square caps look the same as round ones while stroking about three times faster.
-    paint([&](QPainter& painter) {
-        painter.setPen(
-            QPen(toQColor(colour), drawWidth_, Qt::SolidLine, Qt::SquareCap, Qt::RoundJoin));
-        painter.drawLine(from, to);
-    });
+    const ScaleMapper& map = mapper();
+    const QPointF to(map.toPixelX(x2), map.toPixelY(y2));
+    const QPointF from(map.toPixelX(x1), map.toPixelY(y1));
+    werk(kWerkLijn + kWerkPerPixel * bedekt(std::hypot(to.x() - from.x(), to.y() - from.y())));
+    logPrimitive(DrawKind::kLine, x1, y1, x2, y2, 0.0, colour);
+    flush();
+    if (!isFinite(from) || !isFinite(to) || image_.isNull()) {
+        return;
+    }
+    b.kind = Batch::Kind::kStroke;
+    b.map = map;
+    b.colour = colour;
+    b.width = drawWidth_;
+    b.endX = x2;
+    b.endY = y2;
+    b.kept = 0;
+    b.stroke.start(from, kTolerance / devicePixelRatio_, kStrokeRun);
+    b.stroke.add(to);
+    notifyImageChanged();
+}
+
+// A line that goes on from the open run's end in its pen: one more point of the run. False, and
+// nothing done, when its end is no finite pixel.
+bool Surface::continueStroke(double x1, double y1, double x2, double y2, Colour colour) {
+    Batch& b = *batch_;
+    const QPointF to(b.map.toPixelX(x2), b.map.toPixelY(y2));
+    if (!isFinite(to)) {
+        return false;
+    }
+    const QPointF step = to - b.stroke.newest();
+    const double length2 = QPointF::dotProduct(step, step);
+    // Most steps are far below a pixel, which covers none.
+    werk(kWerkVervolg + (length2 < 1.0 ? 0 : kWerkPerPixel * bedekt(std::sqrt(length2))));
+    logPrimitive(DrawKind::kLine, x1, y1, x2, y2, 0.0, colour);
+    b.endX = x2;
+    b.endY = y2;
+    b.kept += b.stroke.add(to);
+    if (b.kept >= kMaxVertices) {
+        // Painted in parts; the run goes on from its newest point.
+        const QPointF newest = b.stroke.newest();
+        flush();
+        b.stroke.start(newest, kTolerance / devicePixelRatio_, kStrokeRun);
+        b.kind = Batch::Kind::kStroke;
+    }
+    return true;
+}
+
+void Surface::lineFan(double x1, const float* y1, double x2, const float* y2, std::size_t count,
+                      const Colour* colours, std::size_t colourCount, std::size_t movedFrom,
+                      std::size_t movedTo) {
+    if (colourCount == 0) {
+        raise(kErrInvalidCall);
+    }
+    movedTo = std::min(movedTo, count);
+    movedFrom = std::min(movedFrom, movedTo);
+    if (continuesFan(x1, count, colours, colourCount)) {
+        if (logging_) {
+            checkFanPromise(y1, y2, count, movedFrom, movedTo);
+        }
+        const double px2 = batch_->map.toPixelX(x2);
+        if (std::isfinite(px2) && mapFan(batch_->map, y1, y2, movedFrom, movedTo, true)) {
+            chargeFan(x1, y1, x2, y2, count, colours, colourCount, px2 - batch_->fanPx);
+            extendFan(x2, batch_->fanPx, px2);
+            return;
+        }
+    }
+    // A new fan, or one whose moving line does not start where the open fan left it.
+    const ScaleMapper& map = mapper();
+    const double px1 = map.toPixelX(x1), px2 = map.toPixelX(x2);
+    if (count == 0 || count > kMaxFanLines || image_.isNull() || !std::isfinite(px1) ||
+        !std::isfinite(px2) || !mapFan(map, y1, y2, 0, count, false)) {
+        for (std::size_t i = 0; i < count; ++i) {
+            line(x1, y1[i], x2, y2[i], colours[i % colourCount]);
+        }
+        return;
+    }
+    chargeFan(x1, y1, x2, y2, count, colours, colourCount, px2 - px1);
+    flush();
+    batch_->map = map;
+    startFan(x2, px1, px2, count, colours, colourCount);
+    notifyImageChanged();
+}
+
+// Every line pays for its pixels across; a line that moves, for its pixels up or down too.
+// Then the lines are logged, if the log is on.
+void Surface::chargeFan(double x1, const float* y1, double x2, const float* y2, std::size_t count,
+                        const Colour* colours, std::size_t colourCount, double across) {
+    werk(count * (kWerkWaaier + kWerkPerPixel * bedekt(across)) + batch_->movedCost);
+    for (std::size_t i = 0; i < count && logging_; ++i) {
+        logPrimitive(DrawKind::kLine, x1, y1[i], x2, y2[i], 0.0, colours[i % colourCount]);
+    }
+}
+
+// Whether the fan may go on from where the open one ended: the same pen, colours, number of
+// lines and x. Its values are compared as the fan is mapped.
+bool Surface::continuesFan(double x1, std::size_t count, const Colour* colours,
+                           std::size_t colourCount) const {
+    const Batch& b = *batch_;
+    return b.kind == Batch::Kind::kFan && drawWidth_ == b.width && count == b.lines.size() &&
+           x1 == b.fanX && colourCount == b.palette.size() &&
+           std::memcmp(colours, b.palette.data(), colourCount * sizeof(Colour)) == 0;
+}
+
+// The lines outside the moving ones must start at their value of the open fan and stay level.
+void Surface::checkFanPromise(const float* y1, const float* y2, std::size_t count,
+                              std::size_t movedFrom, std::size_t movedTo) const {
+    const Batch& b = *batch_;
+    for (std::size_t i = 0; i < count; ++i) {
+        if ((i < movedFrom || i >= movedTo) &&
+            (bitsOf(y1[i]) != b.ends[i] || bitsOf(y2[i]) != b.ends[i])) {
+            raise(kErrInternal);
+        }
+    }
+}
+
+// The lines from..to - 1 that move, with their ends in pixels: of a fan that continues, those
+// whose value changes, after checking that each starts at its value of the open fan, bit for
+// bit; of a new fan, all. False when one does not start there or an end is no finite pixel.
+bool Surface::mapFan(const ScaleMapper& map, const float* y1, const float* y2, std::size_t from,
+                     std::size_t to, bool continues) const {
+    Batch& b = *batch_;
+    // Room for every line first, then filled in place: a change built aside and copied in
+    // would be read back wider than it was written, which stalls the store.
+    if (b.changes.size() < to - from) {
+        b.changes.resize(to - from);
+    }
+    b.movedCost = 0;
+    b.changeCount = 0;
+    std::size_t n = 0;
+    bool finite = true;
+    for (std::size_t i = from; i < to; ++i) {
+        const std::uint32_t vorig = bitsOf(y1[i]), nieuw = bitsOf(y2[i]);
+        if (continues && vorig != b.ends[i]) {
+            return false;
+        }
+        if (!continues || vorig != nieuw) {
+            Batch::Change& c = b.changes[n++];
+            c.i = i;
+            c.py1 = map.toPixelY(y1[i]);
+            c.py2 = map.toPixelY(y2[i]);
+            c.bits2 = nieuw;
+            const double dy = c.py2 - c.py1;
+            finite = finite && std::isfinite(c.py1) && std::isfinite(c.py2);
+            b.movedCost += kWerkVervolg + (dy > -1.0 && dy < 1.0 ? 0 : kWerkPerPixel * bedekt(dy));
+        }
+    }
+    b.changeCount = n;
+    return finite;
+}
+
+void Surface::startFan(double x2, double px1, double px2, std::size_t count, const Colour* colours,
+                       std::size_t colourCount) {
+    Batch& b = *batch_;
+    b.kind = Batch::Kind::kFan;
+    b.width = drawWidth_;
+    b.palette.assign(colours, colours + colourCount);
+    b.fanX = x2;
+    b.fanPx = px2;
+    b.ends.resize(count);
+    b.lines.resize(count);
+    b.kept = 0;
+    const double tolerance = kTolerance / devicePixelRatio_;
+    for (std::size_t n = 0; n < b.changeCount; ++n) {
+        const Batch::Change& c = b.changes[n];
+        Batch::FanLine& f = b.lines[c.i];
+        f.line.start(QPointF(px1, c.py1), tolerance, kFanRun);
+        f.line.add(QPointF(px2, c.py2));
+        f.fedX = px2;
+        b.ends[c.i] = c.bits2;
+    }
+}
+
+// A line that moves first gets the end of its level run, if it had one, then its new point.
+void Surface::extendFan(double x2, double px1, double px2) {
+    Batch& b = *batch_;
+    for (std::size_t n = 0; n < b.changeCount; ++n) {
+        const Batch::Change& c = b.changes[n];
+        Batch::FanLine& f = b.lines[c.i];
+        if (f.fedX != px1) {
+            b.kept += f.line.add(QPointF(px1, c.py1));
+        }
+        b.kept += f.line.add(QPointF(px2, c.py2));
+        f.fedX = px2;
+        b.ends[c.i] = c.bits2;
+    }
+    b.fanX = x2;
+    b.fanPx = px2;
+    if (b.kept >= kMaxVertices) {
+        // Painted in parts; every line goes on from the fan's x.
+        flush();
+        b.kind = Batch::Kind::kFan;
+        const double tolerance = kTolerance / devicePixelRatio_;
+        for (Batch::FanLine& f : b.lines) {
+            f.line.start(QPointF(px2, f.line.newest().y()), tolerance, kFanRun);
+            f.fedX = px2;
+        }
+    }
 }
 
 void Surface::circle(double x, double y, double radius, Colour colour) {
-    const ScaleMapper map = mapper();
+    const ScaleMapper& map = mapper();
     const QPointF centre(map.toPixelX(x), map.toPixelY(y));
     const double pixelRadius = map.widthToPixels(radius);
     werk(kWerkCirkel + kWerkPerPixelStraal * bedekt(pixelRadius));
     logPrimitive(DrawKind::kCircle, x, y, 0.0, 0.0, radius, colour);
+    flush();
     if (!isFinite(centre) || !std::isfinite(pixelRadius)) {
         return;
     }
-    paint([&](QPainter& painter) {
-        painter.setPen(QPen(toQColor(colour), drawWidth_));
-        // The painter lives across primitives: set the brush every time.
-        painter.setBrush(fillStyle_ == kFillSolid ? QBrush(toQColor(fillColour_))
-                                                  : QBrush(Qt::NoBrush));
-        painter.drawEllipse(centre, pixelRadius, pixelRadius);
-    });
+    if (image_.isNull()) {
+        return;
+    }
+    const bool filled = fillStyle_ == kFillSolid;
+    const DiscSprites::Style style{opaque(colour), drawWidth_, filled,
+                                   filled ? opaque(fillColour_) : 0u};
+    // Copied straight into the pixels, which must be this surface's alone (see flush).
+    if (!image_.isDetached()) {
+        finishPainting();
+    }
+    if (!batch_->discs.paint(image_, centre, pixelRadius, style)) {
+        QPainter& p = painter();
+        DiscSprites::setStyle(p, style);
+        p.drawEllipse(centre, pixelRadius, pixelRadius);
+    }
+    notifyImageChanged();
 }
 
 void Surface::paint(const std::function<void(QPainter&)>& draw) {
     if (image_.isNull()) {
         return;
     }
+    draw(painter());
+    notifyImageChanged();
+}
+
+QPainter& Surface::painter() const {
     if (!painter_) {
         painter_ = std::make_unique<QPainter>(&image_);
         painter_->setRenderHint(QPainter::Antialiasing);
     }
-    draw(*painter_);
-    notifyImageChanged();
+    return *painter_;
+}
+
+void Surface::flush() const {
+    Batch& b = *batch_;
+    const Batch::Kind kind = b.kind;
+    b.kind = Batch::Kind::kNone;
+    if (kind == Batch::Kind::kNone || image_.isNull()) {
+        return;
+    }
+    // The pixels are written directly as well as through the painter: they must be this
+    // surface's alone, which the painter's start made them unless the image was shared since.
+    if (!image_.isDetached()) {
+        finishPainting();
+    }
+    if (kind == Batch::Kind::kStroke) {
+        b.points.clear();
+        b.stroke.appendTo(b.points);
+        paintPolyline(image_, b.points, toQColor(b.colour), b.width);
+        b.stroke.release();
+        b.kept = 0;
+        return;
+    }
+    for (std::size_t i = 0; i < b.lines.size(); ++i) {
+        Batch::FanLine& f = b.lines[i];
+        b.points.clear();
+        f.line.appendTo(b.points);
+        if (f.fedX != b.fanPx) {
+            b.points.emplace_back(b.fanPx, f.line.newest().y());
+        }
+        paintPolyline(image_, b.points, toQColor(b.palette[i % b.palette.size()]), b.width);
+        f.line.release();
+    }
+    b.kept = 0;
+}
+
+void Surface::discard() const {
+    batch_->kind = Batch::Kind::kNone;
 }
 
 void Surface::finishPainting() const {
@@ -275,6 +596,7 @@ void Surface::finishPainting() const {
 }
 
 const QImage& Surface::image() const {
+    flush();
     finishPainting();
     return image_;
 }
@@ -342,7 +664,7 @@ void Surface::deliverMouse(const MouseHandler& handler, int button, int shift, d
     if (!call) {
         return;
     }
-    const ScaleMapper map = mapper();
+    const ScaleMapper& map = mapper();
     call(button, shift, toHandlerSingle(map.toScaleX(px)), toHandlerSingle(map.toScaleY(py)));
 }
 

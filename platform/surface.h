@@ -3,10 +3,16 @@
 // scale units. Widgets only show a Surface and forward events to it; everything the program draws
 // goes through here.
 //
-// Besides the raster the surface keeps a log of the primitives drawn since it was last cleared,
-// so that what a drawing routine produced can be checked as geometry rather than as pixels.
+// Besides the raster the surface can keep a log of the primitives drawn since it was last
+// cleared, so that what a drawing routine produced can be checked as geometry rather than as
+// pixels. The log is the tests' instrument and off unless they switch it on: the blending pane
+// alone asks for over a million lines per redraw.
+//
+// Lines that continue each other are painted together (platform/strokes.h), when something else
+// is drawn or the image is asked for.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -98,7 +104,8 @@ class Surface {
     double scaleWidth() const { return scaleWidth_; }
     double scaleHeight() const { return scaleHeight_; }
     bool hasUserScale() const { return userScale_; }
-    ScaleMapper mapper() const;
+    // Made again whenever the scale or the size changes: every primitive asks for it.
+    const ScaleMapper& mapper() const { return map_; }
 
     // --- Drawing (coordinates in scale units) --------------------------------------------------
     void cls();
@@ -106,6 +113,15 @@ class Surface {
     void setBackColour(Colour colour);
     Colour backColour() const { return backColour_; }
     void line(double x1, double y1, double x2, double y2, Colour colour);
+    // For i = 0 .. count - 1 a line from (x1, y1[i]) to (x2, y2[i]) in colours[i % colourCount]:
+    // what `count` calls of line() draw, in that order. A fan that starts where the open one
+    // ended continues its lines, and the caller may promise that those outside [movedFrom,
+    // movedTo) start where the open fan left them and stay level: such a fan costs only its
+    // moving lines. With the log on the promise is checked, and a broken one raises error 51.
+    // colourCount must not be 0.
+    void lineFan(double x1, const float* y1, double x2, const float* y2, std::size_t count,
+                 const Colour* colours, std::size_t colourCount, std::size_t movedFrom,
+                 std::size_t movedTo);
     // The radius is in horizontal scale units; the circle is round in pixels.
     void circle(double x, double y, double radius, Colour colour);
     void setDrawWidth(int pixels);  // 1..32767, else error 380
@@ -115,6 +131,9 @@ class Surface {
     void setFillColour(Colour colour) { fillColour_ = colour; }
     Colour fillColour() const { return fillColour_; }
 
+    // The log, kept only while logging is on; switching it off empties it.
+    void setLogging(bool on);
+    bool logging() const { return logging_; }
     const std::vector<DrawRecord>& log() const { return log_; }
     // The raster so far. Drawing keeps one painter open across primitives; asking for the image
     // finishes it.
@@ -155,19 +174,47 @@ class Surface {
     double containerWidthOf(int pixels) const;
     double containerHeightOf(int pixels) const;
     void followSize();
+    ScaleMapper makeMapper() const;
     void setUserScale(double left, double top, double width, double height);
-    std::uint64_t bedekt(double pixels) const;
+    // Rasterising costs by the pixels a primitive covers, and nothing beyond the image's
+    // diagonal is drawn.
+    std::uint64_t bedekt(double pixels) const {
+        const double covered = pixels < 0.0 ? -pixels : pixels;
+        if (covered < diagonal_) {
+            return static_cast<std::uint64_t>(covered);
+        }
+        return covered == covered ? static_cast<std::uint64_t>(diagonal_) : 0;  // NaN covers none
+    }
     void logPrimitive(DrawKind kind, double x1, double y1, double x2, double y2, double radius,
                       Colour colour);
     void paint(const std::function<void(QPainter&)>& draw);
+    QPainter& painter() const;
+    // Paints the lines collected so far, or drops them when the image is cleared anyway.
+    void flush() const;
+    void discard() const;
+    bool continuesFan(double x1, std::size_t count, const Colour* colours,
+                      std::size_t colourCount) const;
+    bool continueStroke(double x1, double y1, double x2, double y2, Colour colour);
+    void chargeFan(double x1, const float* y1, double x2, const float* y2, std::size_t count,
+                   const Colour* colours, std::size_t colourCount, double across);
+    void checkFanPromise(const float* y1, const float* y2, std::size_t count, std::size_t movedFrom,
+                         std::size_t movedTo) const;
+    bool mapFan(const ScaleMapper& map, const float* y1, const float* y2, std::size_t from,
+                std::size_t to, bool continues) const;
+    void startFan(double x2, double px1, double px2, std::size_t count, const Colour* colours,
+                  std::size_t colourCount);
+    void extendFan(double x2, double px1, double px2);
     void finishPainting() const;
     void deliverMouse(const MouseHandler& handler, int button, int shift, double px, double py);
     void notifyImageChanged();
 
     int pixelWidth_ = 0;
     int pixelHeight_ = 0;
+    double diagonal_ = 0.0;  // in pixels: no primitive covers more
+    ScaleMapper map_;
     qreal devicePixelRatio_ = 1.0;
-    QImage image_;
+    // Pending lines are painted into the image when it is asked for.
+    mutable QImage image_;
     mutable std::unique_ptr<QPainter> painter_;
 
     bool userScale_ = false;
@@ -180,7 +227,11 @@ class Surface {
     int drawWidth_ = 1;
     int fillStyle_ = kFillTransparent;
     Colour fillColour_ = kBlack;
+    bool logging_ = false;
     std::vector<DrawRecord> log_;
+    // Lines collected and not yet painted, and the disc images; see surface.cpp.
+    struct Batch;
+    std::unique_ptr<Batch> batch_;
 
     const Surface* container_ = nullptr;
     double left_ = 0.0;

@@ -2,18 +2,35 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <memory>
 
 #include "knots/knoop_vector.h"
 #include "platform/numeric.h"
 #include "spline/blossom_engine.h"
-#include "spline/point_blossom.h"
 #include "spline/parameter_search.h"
+#include "spline/point_blossom.h"
 
 namespace zw {
 
+namespace {
+
+// The few coefficients of a curve point, copied in pairs of fixed size: a copy of a length known
+// only at run time is a call to the library, which costs more than the copy itself.
+void kopieer(const double* van, std::size_t aantal, double* naar) {
+    std::size_t i = 0;
+    for (; i + 2 <= aantal; i += 2) {
+        std::memcpy(naar + i, van + i, 2 * sizeof(double));
+    }
+    if (i < aantal) {
+        naar[i] = van[i];
+    }
+}
+
+}  // namespace
+
 std::int32_t wholeOrder(float orde) {
-    if (!(orde == std::floor(orde))) {
+    if (!isWhole(orde)) {
         raise(kErrInvalidCall);
     }
     return toIndex(orde);
@@ -23,8 +40,18 @@ BlossomFunctie::BlossomFunctie(MainWindow& window)
     : window_(window), zoekfractie(divideSingle(1.0f, 9.0f)), zoekgrens(500.0f) {}
 
 Array<double> BlossomFunctie::blossom(const Array<double>& argumentenlijst, float segment) const {
+    Array<double> c;
+    KnotOrder onbekend;
+    blossom(argumentenlijst, segment, onbekend, c);
+    return c;
+}
+
+void BlossomFunctie::blossom(const Array<double>& argumentenlijst, float segment,
+                             KnotOrder& knoopvolgorde, Array<double>& c) const {
     const std::int32_t k = wholeOrder(window_.polygoon().orde);
-    Array<double> c(k);
+    if (!(k >= 0 && c.size() == static_cast<std::size_t>(k) + 1)) {
+        c.redim(k);
+    }
     checkRecursionSize(k);
     // The recursion reads the first k - 1 arguments, and at least the first.
     const std::size_t needed = k > 1 ? static_cast<std::size_t>(k - 1) : 1;
@@ -35,15 +62,14 @@ Array<double> BlossomFunctie::blossom(const Array<double>& argumentenlijst, floa
     const Array<double>& knopen = vec.knopen();
     // Curve points take the direct walk; every other list, and every curve point the walk does
     // not cover, the general recursion. Both give the recursion's vector bit for bit.
-    PointBlossom point(knopen.data(), knopen.size(), vec.knopenlengte, k, segment);
+    PointBlossom point(knopen.data(), knopen.size(), vec.knopenlengte, k, segment, &knoopvolgorde);
     if (const double* result = point.evaluate(argumentenlijst.data())) {
-        std::copy(result, result + k + 1, &c(0.0));
-        return c;
+        kopieer(result, static_cast<std::size_t>(k) + 1, c.data());
+        return;
     }
     BlossomEngine engine(knopen.data(), knopen.size(), vec.knopenlengte, k, segment);
     const double* result = engine.evaluate(argumentenlijst.data());
-    std::copy(result, result + k + 1, &c(0.0));
-    return c;
+    std::copy(result, result + k + 1, c.data());
 }
 
 float BlossomFunctie::zoek_controlepunt(double t) const {
@@ -131,8 +157,8 @@ void BlossomFunctie::splits_in_helft() {
     window_.knooppunten = true;
     const float k = window_.polygoon().orde;
     KnoopVector& vec = window_.vec();
-    const float m = addSingle(addSingle(vec.knopenlengte, -multiplySingle(2.0f, addSingle(k, -1.0f))),
-                              -1.0f);
+    const float m =
+        addSingle(addSingle(vec.knopenlengte, -multiplySingle(2.0f, addSingle(k, -1.0f))), -1.0f);
     // Every midpoint is taken before the first insertion.
     Array<double> midden(m);
     forSingle(0.0f, addSingle(m, -1.0f), 1.0f, [&](float i) {

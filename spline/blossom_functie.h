@@ -4,12 +4,16 @@
 // evaluator serves whatever curve is being edited.
 #pragma once
 
+#include <array>
+
 #include "geometry/coordinaten.h"
 #include "geometry/punt.h"
 #include "platform/array.h"
 #include "platform/main_window.h"
 
 namespace zw {
+
+struct KnotOrder;
 
 class BlossomFunctie {
   public:
@@ -22,6 +26,11 @@ class BlossomFunctie {
     // polar form of the k - 1 arguments; entry k is a spare that takes the 1.0 of a knot run that
     // names no control point of the segment.
     Array<double> blossom(const Array<double>& argumentenlijst, float segment) const;
+    // The same into `c`, whose storage is reused when it has the size: the drawing loops call it
+    // for every sample, with what they know of the knots they do not change (KnotOrder,
+    // spline/point_blossom.h).
+    void blossom(const Array<double>& argumentenlijst, float segment, KnotOrder& knopen,
+                 Array<double>& c) const;
     // The index after the knot equal to t, searched from knot 1; 0 when no knot equals t.
     float zoek_controlepunt(double t) const;
     // Pairs blossom and bereken_punt with one and the same number. Nothing calls it.
@@ -35,13 +44,18 @@ class BlossomFunctie {
     // Splits every segment at the middle of its parameter interval.
     void splits_in_helft();
 
-    // --- Drawing on the window's canvas -----------------------------------------------------------
-    // The whole curve in `krommekleur`, three times as wide as the canvas line width, with its knot
-    // points marked; with the blending view on, also the blending functions of the real range
-    // into `meng`.
+    // --- Drawing on the window's canvas ---------------------------------------------------------
+    // The whole curve in `krommekleur`, three times as wide as the canvas line width, with its
+    // knot points marked; with the blending view on, also the blending functions of the real
+    // range into `meng`.
     void teken_spline();
     // Segments beginsegment .. eindsegment - 1 (counted from 0) in `segmentkleur`.
     void teken_spline_in_kleur(float beginsegment, float eindsegment);
+    // The blending functions over the virtual ranges into `meng`: from the first knot to the
+    // start of the real range (dimensioning the working arrays anew), and from the end of the
+    // real range to the last knot (continuing from where teken_spline left them).
+    void teken_linker_virtuele_mengfuncties();
+    void teken_rechter_virtuele_mengfuncties();
 
     // The blending output's working state, shared by the drawers of the real and virtual ranges:
     // values (times 100) per control point of the current and the previous sample, and their x
@@ -54,8 +68,39 @@ class BlossomFunctie {
   private:
     // The x position of t in `meng`, whose scale runs over the whole knot range from 0 to 1e6.
     float mengpositie(double t) const;
+    // The same with the first and last knot read once, for the samples of one drawing.
+    struct Mengschaal {
+        double eerste;
+        double laatste;
+        float positie(double t) const;
+    };
+    Mengschaal mengschaal() const;
+    // The real range's values of segment s (counted from 0) into mengwaarden(s .. s + k - 1).
+    void echte_mengwaarden(float s, float k, const Array<double>& c);
+    // The colours of control points 0 .. 7, repeated for every further eight.
+    std::array<Colour, 8> mengkleuren() const;
+    // One sample of every blending function: the lines from the previous values to the current
+    // ones, and the current ones become the previous. Only entries van .. tot - 1 were written
+    // since the last sample; the first sample of each drawer takes them all.
+    void trek_menglijnen(const std::array<Colour, 8>& kleuren, float van, float tot);
+    // A virtual range of k - 1 knot intervals, sampled from t on: interval j (1 .. k - 1) ends
+    // at knot `eindknoop` + j and has the segment number `segment` + j; coefficient i weighs
+    // control point segment number + `punt` + i, drawn only from `onder` to `boven`.
+    struct VirtueelBereik {
+        float eindknoop;
+        float segment;
+        float punt;
+        float onder;
+        float boven;
+    };
+    void teken_virtueel_bereik(double t, const VirtueelBereik& bereik);
 
     MainWindow& window_;
+    // The next sample is a drawer's first: the working arrays may differ anywhere.
+    bool menglijnen_volledig_ = true;
+    // The drawer's number of lines, and whether its arrays hold fewer than graad + 1 values.
+    std::size_t menglijnen_ = 0;
+    bool menglijnen_te_weinig_ = false;
     // The parameter search divides every segment into steps of this fraction of its length.
     float zoekfractie;
     // The parameter search subdivides at most this many intervals.

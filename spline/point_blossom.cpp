@@ -12,15 +12,29 @@
 
 namespace zw {
 
+std::int32_t increasingKnots(const double* knots, std::size_t knotCount, float L) {
+    if (!(L >= 1.0f)) {
+        return 0;
+    }
+    const auto count =
+        static_cast<std::int32_t>(std::min(static_cast<double>(L), static_cast<double>(knotCount)));
+    std::int32_t n = 1;
+    while (n < count && knots[n - 1] < knots[n]) {
+        ++n;
+    }
+    werk(static_cast<std::uint64_t>(n));
+    return n;
+}
+
 PointBlossom::PointBlossom(const double* knots, std::size_t knotCount, float L, std::int32_t k,
-                           float sigma)
-    : knots_(knots), knotCount_(knotCount), L_(L), k_(k), sigma_(sigma) {}
+                           float sigma, KnotOrder* order)
+    : knots_(knots), knotCount_(knotCount), L_(L), k_(k), sigma_(sigma), order_(order) {}
 
 bool PointBlossom::applies(const double* args) {
-    if (k_ < 2 || !(sigma_ == std::floor(sigma_)) || std::fabs(sigma_) > 1e9f) {
+    if (k_ < 2 || !isWhole(sigma_) || std::fabs(sigma_) > 1e9f) {
         return false;
     }
-    if (!(L_ == std::floor(L_)) || L_ < 2.0f || static_cast<double>(L_) >= knotCount_) {
+    if (!isWhole(L_) || L_ < 2.0f || static_cast<double>(L_) >= knotCount_) {
         return false;
     }
     t_ = args[0];
@@ -38,6 +52,21 @@ bool PointBlossom::applies(const double* args) {
     // The run search of every list the walk meets starts at a knot s <= top and must find the
     // first knot not below it at s itself: the knots up to top must increase strictly.
     top_ = 1;
+    const std::int32_t rising = order_ != nullptr && order_->increasing > 0
+                                    ? static_cast<std::int32_t>(std::min(
+                                          static_cast<std::size_t>(order_->increasing), knotCount_))
+                                    : 0;
+    if (rising > 1 && t_ < knots_[rising - 1]) {
+        // Within rising knots the scan below stops at the first knot not below t: where the
+        // last sample stood, or else where bisection finds it.
+        std::int32_t g = order_->top;
+        if (!(g >= 1 && g < rising && knots_[g - 1] < t_ && t_ <= knots_[g])) {
+            g = static_cast<std::int32_t>(std::lower_bound(knots_ + 1, knots_ + rising, t_) -
+                                          knots_);
+        }
+        top_ = g;
+        order_->top = g;
+    }
     while (knots_[top_] < t_) {
         if (!(knots_[top_ - 1] < knots_[top_])) {
             return false;
@@ -100,6 +129,16 @@ bool PointBlossom::whole() const {
 const double* PointBlossom::triangle() {
     const std::int32_t k = k_;
     const std::size_t stride = static_cast<std::size_t>(k) + 1;
+    if (k == 2) {
+        // A single node over the unit rows (1, 0) and (0, 1): its combination 0 wb + 1 wa,
+        // 1 wb + 0 wa is (wa, wb) exactly, both being positive. The twenty-fold sampling of
+        // order 2 makes this the most frequent triangle of all.
+        const double A = knots_[top_], B = knots_[top_ - 1], u = t_;
+        values_[0] = divide(checkedDouble(A - u), checkedDouble(A - B));
+        values_[1] = divide(checkedDouble(u - B), checkedDouble(A - B));
+        values_[2] = 0.0;
+        return values_;
+    }
     // Row m holds the list starting at knot top - d + m of the current depth d.
     std::fill(values_, values_ + static_cast<std::size_t>(k) * stride, 0.0);
     for (std::int32_t m = 0; m < k; ++m) {

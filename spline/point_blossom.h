@@ -17,12 +17,25 @@
 
 namespace zw {
 
+// How many of the first L knots rise strictly from knot 0 on (knot i below knot i + 1); at most
+// the knots there are.
+std::int32_t increasingKnots(const double* knots, std::size_t knotCount, float L);
+
+// What a loop that samples a curve knows of its knots, which it does not change: how many rise
+// strictly (increasingKnots), and the first knot above the last sample, where the next one is
+// nearly always found as well.
+struct KnotOrder {
+    std::int32_t increasing = 0;
+    std::int32_t top = 0;
+};
+
 class PointBlossom {
   public:
     // As BlossomEngine: the knots with their spare slot, the number of knots L, the order k and
-    // the segment number sigma.
-    PointBlossom(const double* knots, std::size_t knotCount, float L, std::int32_t k,
-                 float sigma);
+    // the segment number sigma. A caller that knows the order of the knots lets the walk find t
+    // among the rising ones at once instead of scanning up to it.
+    PointBlossom(const double* knots, std::size_t knotCount, float L, std::int32_t k, float sigma,
+                 KnotOrder* order = nullptr);
     PointBlossom(const PointBlossom&) = delete;
     PointBlossom& operator=(const PointBlossom&) = delete;
 
@@ -50,6 +63,7 @@ class PointBlossom {
     float L_;
     std::int32_t k_;
     float sigma_;
+    KnotOrder* order_;
     double t_ = 0.0;
     std::int32_t top_ = 0;  // s of the root: the first knot above t
     double lastKnot_ = 0.0;

@@ -55,7 +55,12 @@ inline Punt drawnPoint(MainWindow& w, double t) {
 
 class HeadlessWindow : public MainWindow {
   public:
-    HeadlessWindow() = default;
+    // The tests read what was drawn: every surface keeps its log.
+    HeadlessWindow() {
+        for (Surface* s : {&doek_, &knopen_, &meng_, &gewichten_.Doek()}) {
+            s->setLogging(true);
+        }
+    }
 
     coordinaten& polygoon() override { return polygon_; }
     KnoopVector& vec() override { return vec_; }
@@ -83,10 +88,11 @@ class HeadlessWindow : public MainWindow {
         setCurve(k, points, openUniform);
     }
 
-    std::vector<double> knots() const {
+    std::vector<double> knots() { return knotsOf(*this); }
+    static std::vector<double> knotsOf(MainWindow& w) {
         std::vector<double> v;
-        for (float i = 0; i < vec_.knopenlengte; ++i) {
-            v.push_back(vec_.knoop(i));
+        for (float i = 0; i < w.vec().knopenlengte; ++i) {
+            v.push_back(w.vec().knoop(i));
         }
         return v;
     }

@@ -1,10 +1,13 @@
 // Takes the README's pictures of the editor: a fresh program directory with the default settings,
-// an open-uniform cubic curve of eight control points, the window shown and grabbed; then, when a
-// second file is named, the weights window opened beside it, two weights dragged, and the screen
-// grabbed with both windows.
+// an open-uniform cubic curve of eight control points, the window shown and grabbed; when a third
+// file is named, the blending functions of the uniform vector shown from the toolbar, grabbed,
+// and off again;
+// then, when a second file is named, the weights window opened beside it, two weights dragged,
+// and the screen grabbed with both windows.
 //
-// Usage: screenshot <editor.png> [<weights.png>]   (needs a screen; ./zw screenshot runs it
-// under Xvfb)
+// Usage: screenshot <editor.png> [<weights.png> [<blending.png>]]   (needs a screen;
+// ./zw screenshot runs it under Xvfb)
+#include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QPixmap>
@@ -17,10 +20,10 @@
 #include "geometry/coordinaten.h"
 #include "knots/knoop_vector.h"
 #include "platform/scripted_dialogs.h"
-#include "window/instellingen.h"
 #include "ui/application.h"
 #include "ui/gewichten_venster.h"
 #include "weights/gewichten_form.h"
+#include "window/instellingen.h"
 
 namespace {
 
@@ -80,12 +83,26 @@ bool neemGewichten(zw::ZwierlijnVenster& w, const char* bestand) {
         .save(QString::fromLocal8Bit(bestand));
 }
 
+// The pane in the canvas' top-right corner, as the toolbar button shows it, for the uniform knot
+// vector, whose virtual ranges carry the first and last functions' other pieces; then the pane
+// off and the knots open uniform again.
+bool neemMengfuncties(zw::ZwierlijnVenster& w, const char* bestand) {
+    w.knop(QStringLiteral("Uniform"))->trigger();
+    w.knop(QStringLiteral("Mengfuncties"))->trigger();
+    QApplication::processEvents();
+    const bool genomen = w.grab().save(QString::fromLocal8Bit(bestand));
+    w.knop(QStringLiteral("Mengfuncties"))->trigger();
+    w.knop(QStringLiteral("OpenUniform"))->trigger();
+    QApplication::processEvents();
+    return genomen;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     QApplication qtApp(argc, argv);
-    if (argc != 2 && argc != 3) {
-        std::fprintf(stderr, "usage: screenshot <editor.png> [<weights.png>]\n");
+    if (argc < 2 || argc > 4) {
+        std::fprintf(stderr, "usage: screenshot <editor.png> [<weights.png> [<blending.png>]]\n");
         return 2;
     }
     QTemporaryDir dir;
@@ -100,7 +117,11 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "screenshot: cannot write %s\n", argv[1]);
         return 1;
     }
-    if (argc == 3 && !neemGewichten(w, argv[2])) {
+    if (argc == 4 && !neemMengfuncties(w, argv[3])) {
+        std::fprintf(stderr, "screenshot: cannot write %s\n", argv[3]);
+        return 1;
+    }
+    if (argc >= 3 && !neemGewichten(w, argv[2])) {
         std::fprintf(stderr, "screenshot: cannot write %s\n", argv[2]);
         return 1;
     }

@@ -41,11 +41,14 @@ void Zwierlijn::verbindPanelen() {
         [this](int b, int s, float x, float y) { Knopen_MouseMove(b, s, x, y); });
     knopen_.setMouseUpHandler(
         [this](int b, int s, float x, float y) { Knopen_MouseUp(b, s, x, y); });
+    meng_.setPaintHandler([this] { meng_Paint(); });
 }
 
+// A window whose canvas keeps a log of what it draws (a test's) keeps one of its weights too.
 GewichtenForm& Zwierlijn::gewichten() {
     if (!gewichten_) {
         gewichten_ = std::make_unique<GewichtenForm>(*this);
+        gewichten_->Doek().setLogging(doek_.logging());
     }
     return *gewichten_;
 }

@@ -72,6 +72,9 @@ class Zwierlijn : public MainWindow {
     void Knopen_MouseDown(int Button, int Shift, float X, float Y);
     void Knopen_MouseMove(int Button, int Shift, float X, float Y);
     void Knopen_MouseUp(int Button, int Shift, float X, float Y);
+    // The blending pane: hidden while `mengstat` is off, else the knot marks, the blending
+    // functions over the whole knot range (and with them the curve on the canvas), the frame.
+    void meng_Paint();
     void Form_Resize();
 
     void mntBeeldZoomInzoemen_Click();
@@ -82,6 +85,7 @@ class Zwierlijn : public MainWindow {
     void mntBeeldDetailHigh_Click();
     void mntBeeldKnopenVector_Click();
     void mntBeeldKnooppunten_Click();
+    void mntBeeldMengFuncties_Click();
     void mntbeeldsleepdetail_Click();
     void mntBeeldGewichten_Click();
     void mntBeeldKleuren_Click();
@@ -106,6 +110,10 @@ class Zwierlijn : public MainWindow {
     // The enabling and check marks of the menus and the toolbar, after every redraw.
     void zet_menus();
     void zet_knoppen();
+
+    // The blending pane's knot marks below its axis and its frame.
+    void teken_knoopmerken();
+    void teken_mengkader();
 
     // Lays the knot pane along the bottom edge and draws it, or hides it.
     void plaats_knopenvenster();

@@ -7,10 +7,14 @@
 #include <utility>
 #include <vector>
 
+#include <QPainter>
 #include <QRect>
+#include <algorithm>
+#include <cmath>
 
 #include <gtest/gtest.h>
 
+#include "platform/strokes.h"
 #include "test_support.h"
 
 namespace zw {
@@ -69,6 +73,9 @@ TEST(SurfaceErrorTest, RefusedValuesRaiseTheClassicErrorAndChangeNothing) {
 TEST(SurfaceLogTest, RecordsPrimitivesInScaleUnitsWithTheStateOfTheMoment) {
     Surface surface;
     surface.setPixelSize(100, 100);
+    surface.line(1, 2, 3, 4, kRed);
+    EXPECT_TRUE(surface.log().empty());  // only tests keep a log
+    surface.setLogging(true);
     surface.setDrawWidth(2);
     surface.line(1, 2, 3, 4, kRed);
     surface.setFillStyle(kFillSolid);
@@ -82,6 +89,30 @@ TEST(SurfaceLogTest, RecordsPrimitivesInScaleUnitsWithTheStateOfTheMoment) {
                                                           1.5, kGreen, 5, kFillSolid, kBlue));
 }
 
+// A fan is its lines, in order. Lines promised level and unmoved are checked while the log is on.
+TEST(SurfaceLogTest, AFanRecordsItsLinesAndItsPromiseIsChecked) {
+    Surface fan, lines;
+    for (Surface* s : {&fan, &lines}) {
+        s->setLogging(true);
+        s->setPixelSize(100, 100);
+    }
+    const float a[] = {1, 2, 3}, b[] = {1, 5, 3}, c[] = {1, 5, 4};
+    const Colour colours[] = {kRed, kGreen};
+    fan.lineFan(0, a, 10, b, 3, colours, 2, 1, 2);
+    fan.lineFan(10, b, 20, c, 3, colours, 2, 2, 3);
+    for (const auto& [x1, y1, x2, y2] :
+         {std::make_tuple(0, a, 10, b), std::make_tuple(10, b, 20, c)}) {
+        for (int i = 0; i < 3; ++i) {
+            lines.line(x1, y1[i], x2, y2[i], colours[i % 2]);
+        }
+    }
+    ASSERT_EQ(fan.log().size(), 6u);
+    for (std::size_t i = 0; i < 6; ++i) {
+        EXPECT_EQ(fieldsOf(fan.log()[i]), fieldsOf(lines.log()[i]));
+    }
+    EXPECT_EQ(errorOf([&] { fan.lineFan(20, c, 30, a, 3, colours, 2, 0, 1); }), kErrInternal);
+}
+
 TEST(SurfaceLogTest, ClsBackgroundAndResizeClearLogAndImage) {
     const std::vector<std::pair<std::function<void(Surface&)>, bool>> cases = {
         {[](Surface& s) { s.cls(); }, true},
@@ -92,6 +123,7 @@ TEST(SurfaceLogTest, ClsBackgroundAndResizeClearLogAndImage) {
     for (size_t i = 0; i < cases.size(); ++i) {
         SCOPED_TRACE(i);
         Surface surface;
+        surface.setLogging(true);
         surface.setPixelSize(50, 40);
         surface.setDrawWidth(4);
         surface.line(0, 0, 300, 300, kRed);
@@ -168,6 +200,78 @@ TEST(SurfaceRasterTest, LinesAndCirclesReachThePixelsAtAnyPixelRatio) {
         // The painter outlives each primitive: a solid brush must not leak into this circle.
         expectNear(colourAt(surface, 50, 70), kWhite);
         expectNear(colourAt(surface, 60, 70), kGreen);
+    }
+}
+
+// Every point given lies within the tolerance of the thinned polyline, which keeps both ends:
+// along a smooth curve, a zigzag finer than the tolerance and a path that turns back on itself.
+TEST(SurfaceRasterTest, AThinnedPolylinePassesWithinTheToleranceOfEveryPoint) {
+    const std::function<QPointF(int)> paths[] = {
+        [](int i) { return QPointF(i * 0.05, 40 * std::sin(i * 0.002)); },
+        [](int i) { return QPointF(i * 0.3, (i % 2) * 0.1); },
+        [](int i) { return QPointF(i < 500 ? i * 0.1 : 100 - i * 0.1, i * 0.001); },
+    };
+    const double tolerance = 0.125;
+    for (const auto& path : paths) {
+        ThinPolyline line;
+        line.start(path(0), tolerance, 64);
+        for (int i = 1; i < 1000; ++i) {
+            line.add(path(i));
+        }
+        std::vector<QPointF> kept;
+        line.appendTo(kept);
+        EXPECT_EQ(std::make_pair(kept.front(), kept.back()), std::make_pair(path(0), path(999)));
+        for (int i = 0; i < 1000; ++i) {
+            double nearest = 1e9;
+            for (std::size_t j = 1; j < kept.size(); ++j) {
+                const QLineF s(kept[j - 1], kept[j]);
+                const double along = std::clamp(
+                    QPointF::dotProduct(path(i) - s.p1(), s.p2() - s.p1()) /
+                        std::max(1e-12, QPointF::dotProduct(s.p2() - s.p1(), s.p2() - s.p1())),
+                    0.0, 1.0);
+                nearest = std::min(nearest, QLineF(path(i), s.pointAt(along)).length());
+            }
+            ASSERT_LE(nearest, tolerance + 1e-9) << i;
+        }
+    }
+}
+
+// Collected lines and copied discs give the pixels of the strokes and circles they stand for.
+TEST(SurfaceRasterTest, CollectedLinesAndCopiedDiscsPaintWhatTheyStandFor) {
+    for (const double ratio : {1.0, 2.0}) {
+        SCOPED_TRACE(ratio);
+        Surface surface;
+        surface.setDevicePixelRatio(ratio);
+        surface.setPixelSize(200, 100);
+        surface.setDrawWidth(3);
+        for (int i = 0; i < 400; ++i) {  // a run of lines of a fortieth of a pixel
+            surface.line(150 + 7.5 * i, 300 + 3.0 * i, 157.5 + 7.5 * i, 303 + 3.0 * i, kBlue);
+        }
+        surface.setDrawWidth(1);
+        surface.setFillStyle(kFillSolid);
+        surface.setFillColour(kGreen);
+        surface.circle(2412, 1107, 70, kRed);
+        QImage expected(surface.image().size(), QImage::Format_ARGB32_Premultiplied);
+        expected.setDevicePixelRatio(ratio);
+        expected.fill(Qt::white);
+        QPainter p(&expected);
+        p.setRenderHint(QPainter::Antialiasing);
+        p.setPen(QPen(toQColor(kBlue), 3, Qt::SolidLine, Qt::SquareCap));
+        p.drawLine(QPointF(10, 20), QPointF(210, 100));
+        p.setPen(QPen(toQColor(kRed), 1));
+        p.setBrush(toQColor(kGreen));
+        p.drawEllipse(QPointF(160.8, 73.8), 70 / 15.0, 70 / 15.0);
+        p.end();
+        int worst = 0;
+        for (int y = 0; y < expected.height(); ++y) {
+            for (int x = 0; x < expected.width(); ++x) {
+                const QColor a = expected.pixelColor(x, y), b = surface.image().pixelColor(x, y);
+                worst = std::max({worst, std::abs(a.red() - b.red()),
+                                  std::abs(a.green() - b.green()), std::abs(a.blue() - b.blue())});
+            }
+        }
+        EXPECT_LE(worst, 64);  // edges moved by an eighth of a pixel at most: a disc is placed to
+                               // the nearest quarter pixel
     }
 }
 

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <tuple>
 #include <vector>
@@ -99,39 +100,101 @@ TEST(TekenSpline, WidePolylineThroughTheDrawnPointsWithItsKnotsMarked) {
     }
 }
 
-TEST(TekenSpline, BlendingValuesOfEverySampleAddUpTo100) {
-    std::mt19937 rng(3);
-    HeadlessWindow w;
-    w.setRandomCurve(rng, 3, 5);
-    w.gewichten().zet_gewichten(2, 5.0);  // the rational denominator must normalise it away
-    w.mengstat = true;
-    BlossomFunctie& f = w.evaluator();
-    f.mengwaarden.redim(4);
-    f.vorige_mengwaarden.redim(4);
-    f.vorige_mengx = -5;
-    f.teken_spline();
+// The B-spline basis by the Cox-de Boor recursion: an independent road to the values drawn.
+double basis(const std::vector<double>& u, int i, int k, double t) {
+    if (k == 1) {
+        return u[i] <= t && t < u[i + 1] ? 1.0 : 0.0;
+    }
+    double v = 0.0;
+    if (u[i + k - 1] > u[i]) {
+        v += (t - u[i]) / (u[i + k - 1] - u[i]) * basis(u, i, k - 1, t);
+    }
+    if (u[i + k] > u[i + 1]) {
+        v += (u[i + k] - t) / (u[i + k] - u[i + 1]) * basis(u, i + 1, k - 1, t);
+    }
+    return v;
+}
 
-    // Per sample one line per control point, continuing the line of the sample before.
-    const std::vector<DrawRecord>& log = w.meng().log();
-    std::size_t at = 0;
-    for (int s = 0; s < w.segments(); ++s) {
-        for (double t = w.knots()[2 + s]; t < w.knots()[3 + s]; t += f.stap, at += 5) {
-            ASSERT_LE(at + 5, log.size());
-            const auto x = static_cast<float>((t + 2) / 7 * 1000000);  // knots -2 .. 5
-            double sum = 0.0;
-            for (std::size_t i = 0; i < 5; ++i) {
-                const DrawRecord& r = log[at + i];
-                EXPECT_EQ(std::make_tuple(r.x1, r.y1, r.x2, r.colour),
-                          std::make_tuple(at ? log[at - 5 + i].x2 : -5.0,
-                                          at ? log[at - 5 + i].y2 : 0.0, x, w.kleur(i)));
-                sum += i >= static_cast<std::size_t>(s) && i < s + 3u ? r.y2 : 0.0;
+// The three drawers of the pane in their order: every sample is one line per control point,
+// each continuing the line before it. A value written at a sample is 100 N_i(t) w_i over the
+// sample's rational denominator (real range) or over the largest weight (virtual ranges);
+// every other value stays level.
+TEST(Mengfuncties, EveryRangeDrawsTheBasisInOneUnbrokenFan) {
+    std::mt19937 rng(3);
+    const std::tuple<int, int, bool, double> cases[] = {
+        // order, points, open uniform, weight of point 2
+        {3, 5, false, 1.0},
+        {4, 7, true, 4.0},
+        {2, 4, false, 0.25},
+        {5, 6, false, 1.0}};
+    for (const auto& [k, count, open, weight] : cases) {
+        SCOPED_TRACE(k);
+        HeadlessWindow w;
+        w.setRandomCurve(rng, k, count, open);
+        w.gewichten().zet_gewichten(2, weight);
+        w.gewichten().zoek_grootste_gewicht();
+        w.mengstat = true;
+        w.meng().setPixelSize(200, 200);  // the fans are collected, and their promises checked
+        w.meng().scale(-200000, 120, 1200000, -20);
+        BlossomFunctie& f = w.evaluator();
+        f.vorige_mengx = 7;
+        f.teken_linker_virtuele_mengfuncties();
+        f.teken_spline();
+        f.teken_rechter_virtuele_mengfuncties();
+
+        const std::vector<double> u = w.knots();
+        const int L = static_cast<int>(u.size()), n = w.segments();
+        const double largest = std::max(weight, 1.0);
+        const auto wgt = [&](int i) { return i == 2 ? weight : 1.0; };
+        // Samples: t, the first point written and whether the real range's denominator divides.
+        std::vector<std::tuple<double, int, bool>> samples;
+        double t = u[0];
+        for (int j = 1; j < k; ++j) {
+            for (; t < u[j]; t += f.stap)
+                samples.emplace_back(t, j - k, false);
+        }
+        for (int s = 0; s < n; ++s) {
+            for (t = u[k - 1 + s]; t < u[k + s]; t += k == 2 ? f.stap / 20 : f.stap) {
+                samples.emplace_back(t, s, true);
             }
-            EXPECT_NEAR(sum, 100.0, 1e-4) << t;
+        }
+        t = u[L - k];
+        for (int j = 1; j < k; ++j) {
+            for (; t < u[L - k + j]; t += f.stap)
+                samples.emplace_back(t, n + j - 1, false);
+        }
+
+        const std::vector<DrawRecord>& log = w.meng().log();
+        ASSERT_EQ(log.size(), samples.size() * count);
+        for (std::size_t m = 0; m < samples.size(); ++m) {
+            const auto [ts, first, real] = samples[m];
+            double denominator = 0.0;
+            for (int i = first; real && i < first + k; ++i) {
+                denominator += basis(u, i, k, ts) * wgt(i);
+            }
+            double sum = 0.0;
+            for (int i = 0; i < count; ++i) {
+                const DrawRecord& r = log[m * count + i];
+                const DrawRecord* before = m > 0 ? &log[(m - 1) * count + i] : nullptr;
+                EXPECT_EQ(std::make_tuple(r.x1, r.y1, r.colour),
+                          std::make_tuple(before ? before->x2 : 7.0, before ? before->y2 : 0.0,
+                                          w.kleur(i % 8)));
+                EXPECT_FLOAT_EQ(static_cast<float>(r.x2),
+                                static_cast<float>((ts - u[0]) / (u[L - 1] - u[0]) * 1e6));
+                if (i < first || i >= first + k) {
+                    EXPECT_EQ(r.y2, r.y1);
+                    continue;
+                }
+                const double value =
+                    100 * basis(u, i, k, ts) * wgt(i) / (real ? denominator : largest);
+                EXPECT_NEAR(r.y2, value, 1e-3) << m << " " << i;
+                sum += r.y2;
+            }
+            if (real) {
+                EXPECT_NEAR(sum, 100.0, 1e-3);
+            }
         }
     }
-    EXPECT_EQ(log.size(), at);
-    EXPECT_EQ(std::make_pair(f.mengx, f.vorige_mengx),
-              std::make_pair(static_cast<float>(log.back().x2), f.mengx));
 }
 
 // Nothing in the editor draws a coloured run yet; what sets it apart from teken_spline stays

@@ -50,6 +50,9 @@ class EditorTest : public ::testing::Test {
             }
         }
         w = std::make_unique<ZwierlijnVenster>(dir.path(), dialogs, guard);
+        for (Surface* s : {&w->Doek(), &w->Knopen(), &w->meng(), &w->gewichten().Doek()}) {
+            s->setLogging(true);
+        }
         w->show();
         QCoreApplication::processEvents();
     }

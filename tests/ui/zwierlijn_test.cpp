@@ -253,6 +253,16 @@ TEST_F(EditorTest, DetailAndViewToggles) {
     }
     w->menu("mntbeeldsleepdetail")->trigger();
     EXPECT_FALSE(w->sleep_detail);
+
+    // The blending pane on from the menu, off from the toolbar: the item's mark, the button's
+    // pressed state and the pane in the canvas' top-right corner follow.
+    for (const bool fromMenu : {true, false}) {
+        (fromMenu ? w->menu("mntBeeldMengFuncties") : w->knop("Mengfuncties"))->trigger();
+        EXPECT_EQ(w->menu("mntBeeldMengFuncties")->isChecked(), fromMenu);
+        EXPECT_EQ(w->knop("Mengfuncties")->isChecked(), fromMenu);
+        const QRect pane = w->mengWidget().geometry();
+        EXPECT_EQ(pane, fromMenu ? QRect(w->doekWidget().width() - 200, 0, 200, 200) : QRect());
+    }
 }
 
 }  // namespace

@@ -1,0 +1,117 @@
+// One redraw of the canvas, as every mouse move of a drag redraws it, for curves of 16 and 64
+// segments at orders 2, 4 and 8 in the whole editor (window/headless_editor.h) at the "High"
+// detail: alone, and with the blending pane, which draws a line per control point for every
+// sample (1.7 million for 64 segments of order 2).
+//
+// Beside them the canvas alone as the surface used to rasterise it, for the ratio: the same
+// redraw with the log on, then every logged primitive stroked on its own with a fresh pen, as
+// each line and circle was before lines were collected.
+#include <benchmark/benchmark.h>
+
+#include <QImage>
+#include <QPainter>
+#include <random>
+#include <vector>
+
+#include "headless_window.h"
+#include "platform/scripted_dialogs.h"
+#include "platform/werk.h"
+#include "window/headless_editor.h"
+
+namespace {
+
+struct Editor {
+    Editor(int segmenten, int orde) {
+        w.start();
+        std::mt19937 rng(5);
+        std::uniform_int_distribution<int> x(1000, 14000), y(1000, 9000);
+        std::vector<std::pair<float, float>> punten;
+        for (int i = 0; i < segmenten + orde - 1; ++i) {
+            const auto px = static_cast<float>(x(rng));
+            punten.emplace_back(px, static_cast<float>(y(rng)));
+        }
+        zw::setCurve(w, orde, punten);
+    }
+    zw::TestDir dir;
+    zw::ScriptedDialogs dialogs;
+    zw::HeadlessEditor w{dir.path(), dialogs, 1200, 800};
+};
+
+// Each primitive as the surface stroked it on its own.
+void strokeOneByOne(const zw::Surface& surface, QImage& image) {
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const zw::ScaleMapper map = surface.mapper();
+    for (const zw::DrawRecord& r : surface.log()) {
+        const QPointF a(map.toPixelX(r.x1), map.toPixelY(r.y1));
+        if (r.kind == zw::DrawKind::kLine) {
+            painter.setPen(QPen(zw::toQColor(r.colour), r.drawWidth, Qt::SolidLine, Qt::SquareCap,
+                                Qt::RoundJoin));
+            painter.drawLine(a, QPointF(map.toPixelX(r.x2), map.toPixelY(r.y2)));
+        } else {
+            const double radius = map.widthToPixels(r.radius);
+            painter.setPen(QPen(zw::toQColor(r.colour), r.drawWidth));
+            painter.setBrush(r.fillStyle == zw::kFillSolid ? QBrush(zw::toQColor(r.fillColour))
+                                                           : QBrush(Qt::NoBrush));
+            painter.drawEllipse(a, radius, radius);
+        }
+    }
+}
+
+void BM_DoekZoalsVroeger(benchmark::State& state) {
+    Editor e(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
+    zw::Surface& doek = e.w.Doek();
+    zw::Surface& knopen = e.w.Knopen();
+    doek.setLogging(true);
+    knopen.setLogging(true);
+    doek.refresh();  // places the knot pane
+    QImage beeld(doek.pixelWidth(), doek.pixelHeight(), QImage::Format_ARGB32_Premultiplied);
+    QImage knopenbeeld(knopen.pixelWidth(), knopen.pixelHeight(),
+                       QImage::Format_ARGB32_Premultiplied);
+    for (auto _ : state) {
+        doek.refresh();
+        beeld.fill(Qt::white);
+        knopenbeeld.fill(Qt::white);
+        strokeOneByOne(doek, beeld);
+        strokeOneByOne(knopen, knopenbeeld);
+    }
+    state.counters["primitieven"] = static_cast<double>(doek.log().size());
+}
+
+void BM_Doek(benchmark::State& state) {
+    Editor e(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
+    for (auto _ : state) {
+        e.w.Doek().refresh();
+        benchmark::DoNotOptimize(e.w.Doek().image().constBits());
+    }
+}
+
+// Counter "budget%": the share of an action's budget of work that one redraw uses.
+void BM_DoekEnMeng(benchmark::State& state) {
+    Editor e(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
+    e.w.klik("mntBeeldMengFuncties");
+    for (auto _ : state) {
+        e.w.Doek().refresh();
+        benchmark::DoNotOptimize(e.w.Doek().image().constBits());
+        benchmark::DoNotOptimize(e.w.meng().image().constBits());
+    }
+    zw::Werkbudget budget;
+    e.w.Doek().refresh();
+    state.counters["budget%"] =
+        100.0 * static_cast<double>(zw::Werkbudget::gedaan()) / static_cast<double>(zw::kWerkGrens);
+}
+
+void krommen(benchmark::internal::Benchmark* b) {
+    for (const int segmenten : {64, 16}) {
+        for (const int orde : {2, 4, 8}) {
+            b->Args({segmenten, orde});
+        }
+    }
+    b->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK(BM_DoekZoalsVroeger)->Apply(krommen);
+BENCHMARK(BM_Doek)->Apply(krommen);
+BENCHMARK(BM_DoekEnMeng)->Apply(krommen);
+
+}  // namespace
