@@ -1,7 +1,7 @@
 // The evaluator against SISL, an independent B-spline library: curve points by blossoming, Boehm
-// knot insertion and the halving of every segment, for random curves of every order the editor
-// offers, on uniform and open-uniform knot vectors. Curve points are compared in double, before
-// the model rounds them to Single.
+// knot insertion, the halving of every segment and the Bezier form of every segment, for random
+// curves of every order the editor offers, on uniform and open-uniform knot vectors. Curve points
+// are compared in double, before the model rounds them to Single.
 #include <gtest/gtest.h>
 #include <sisl.h>
 
@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "headless_window.h"
+#include "views/beeld.h"
 
 namespace zw {
 namespace {
@@ -33,16 +34,26 @@ int pointCount(HeadlessWindow& w) {
     return static_cast<int>(w.polygoon().graad) + 1;
 }
 
-// The model's curve as a SISL curve: same knots, same coefficients.
-SislCurve toSisl(HeadlessWindow& w) {
+// The model's curve as a SISL curve: same knots, same coefficients. Padded, it has a knot more
+// below and above and a zero coefficient at each end: the same curve on the real range.
+SislCurve toSisl(HeadlessWindow& w, bool padded = false) {
     std::vector<double> t = w.knots();
     std::vector<double> coefs;
+    if (padded) {
+        t.insert(t.begin(), t.front() - 1);
+        t.push_back(t.back() + 1);
+        coefs = {0, 0};
+    }
     for (int i = 0; i < pointCount(w); ++i) {
         const Punt& p = w.polygoon().punten(static_cast<float>(i));
         coefs.insert(coefs.end(), {p.X, p.Y});
     }
+    if (padded) {
+        coefs.insert(coefs.end(), {0, 0});
+    }
     const int k = static_cast<int>(w.polygoon().orde);
-    return {newCurve(pointCount(w), k, t.data(), coefs.data(), 1, 2, 1), freeCurve};
+    return {newCurve(pointCount(w) + (padded ? 2 : 0), k, t.data(), coefs.data(), 1, 2, 1),
+            freeCurve};
 }
 
 SislCurve inserted(SISLCurve* curve, double t) {
@@ -188,6 +199,62 @@ TEST_P(CrossCheck, BlossomGivesTheCurvePointsAndHalvingKeepsThem) {
     // Each insertion rounds its new points to Single; the rounding errors of successive
     // insertions add up at most once per insertion.
     expectCurveMatches(w, original.get(), m * singleUlp(kScale), rng);
+}
+
+// SISL's Bezier form (s1730) of the real range, knot k - 1 to knot L - k. The range is cut out
+// clamped: its ends inserted until k-fold, then the coefficients between. At the ends of SISL's
+// own range, insertion and s1730 copy and free memory in ways the sanitizers refuse; inside the
+// padded curve they do not.
+SislCurve realRangeInBezierForm(HeadlessWindow& w) {
+    const int k = static_cast<int>(w.polygoon().orde);
+    const std::vector<double> u = w.knots();
+    const double a = u[k - 1], b = u[u.size() - k];
+    SislCurve curve = toSisl(w, true);
+    for (int i = 0; i < 2 * (k - 1); ++i) {
+        curve = inserted(curve.get(), i < k - 1 ? a : b);
+    }
+    const double* et = curve->et;
+    const auto p = std::lower_bound(et, et + curve->in + k, a) - et;
+    const auto q = std::lower_bound(et, et + curve->in + k, b) - et;
+    const SislCurve range(
+        newCurve(static_cast<int>(q - p), k, curve->et + p, curve->ecoef + 2 * p, 1, 2, 1),
+        freeCurve);
+    SISLCurve* bezier = nullptr;
+    int stat = 0;
+    s1730(range.get(), &bezier, &stat);
+    EXPECT_GE(stat, 0);
+    return {bezier, freeCurve};
+}
+
+// Every segment's Bezier points are blossoms of its end knots. The drawn dots are points
+// 1 .. n - 1 and then point 0, each the exact point rounded to Single. Order 1 has no Bezier form
+// to compare.
+TEST_P(CrossCheck, BezierNotationIsSislsBezierForm) {
+    const int k = static_cast<int>(w.polygoon().orde);
+    if (k < 2) {
+        return;
+    }
+    const SislCurve bezier = realRangeInBezierForm(w);
+    ASSERT_TRUE(bezier);
+    const int n = k * w.segments();
+    ASSERT_EQ(bezier->in, n);
+    Beeld(w).bereken_bezier_notatie();
+    std::vector<const DrawRecord*> dots;
+    for (const DrawRecord& r : w.Doek().log()) {
+        if (r.kind == DrawKind::kCircle) {
+            dots.push_back(&r);
+        }
+    }
+    ASSERT_EQ(dots.size(), static_cast<std::size_t>(n));
+    std::rotate(dots.begin(), dots.end() - 1, dots.end());
+    for (int i = 0; i < n; ++i) {
+        const double model[] = {dots[i]->x1, dots[i]->y1};
+        for (int d = 0; d < 2; ++d) {
+            const double sisl = bezier->ecoef[2 * i + d];
+            EXPECT_LE(std::abs(model[d] - sisl), singleUlp(sisl) / 2 + kPointTolerance)
+                << "point " << i << ": " << model[d] << " vs " << sisl;
+        }
+    }
 }
 
 // A single segment (the Bezier curve), two, and several, for every order the editor offers.
