@@ -122,27 +122,34 @@ Punt coordinaten::zoek_coord(const Array<double>& tabel, float begin) const {
     double sy = 0.0;
     double s = 0.0;
     // Every sample of the curve comes here. Where the order and the first index are whole and
-    // every coefficient and point slot the loop reads is there, it runs on plain indexes, in the
-    // same order; anything else takes the classic loop, whose checks raise where they always
+    // every coefficient, weight and point slot the loop reads is there, it runs on plain indexes,
+    // in the same order; anything else takes the classic loop, whose checks raise where they always
     // have.
+    const double hoogste =
+        std::min(static_cast<double>(begin) + orde - 1.0, static_cast<double>(graad));
     if (isWhole(orde) && isWhole(begin) && orde >= 1.0f && begin >= 0.0f && begin < 16777216.0f &&
-        orde <= static_cast<float>(tabel.size()) &&
-        std::min(static_cast<double>(begin) + orde - 1.0, static_cast<double>(graad)) <
-            static_cast<double>(p_.size())) {
+        orde <= static_cast<float>(tabel.size()) && hoogste < static_cast<double>(p_.size()) &&
+        hoogste < static_cast<double>(gewichten.gewichten().size())) {
         const auto eerste = static_cast<std::int32_t>(begin);
         const auto k = static_cast<std::int32_t>(orde);
+        const double* gewicht = gewichten.gewichten().data();
         werk(static_cast<std::uint64_t>(k) * 33);
+        // Sums of their own: those the lambda below captures live in memory, and each step
+        // would wait for the one before through a store and a load.
+        double x = 0.0, y = 0.0, w = 0.0;
         for (std::int32_t i = 0; i < k && static_cast<float>(eerste + i) <= graad; ++i) {
-            const double c =
-                checkedDouble(gewichten.gewicht(static_cast<float>(eerste + i)) * tabel.data()[i]);
+            const double c = checkedDouble(gewicht[eerste + i] * tabel.data()[i]);
             const Punt* punt = p_.data()[eerste + i].get();
             if (punt == nullptr) {
                 raise(kErrObjectNotSet);
             }
-            sx = checkedDouble(sx + punt->X * c);
-            sy = checkedDouble(sy + punt->Y * c);
-            s = checkedDouble(s + c);
+            x = checkedDouble(x + punt->X * c);
+            y = checkedDouble(y + punt->Y * c);
+            w = checkedDouble(w + c);
         }
+        sx = x;
+        sy = y;
+        s = w;
     } else {
         forSingle(0.0f, addSingle(orde, -1.0f), 1.0f, [&](float i) {
             const float j = addSingle(begin, i);

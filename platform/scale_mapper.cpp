@@ -11,7 +11,9 @@ ScaleMapper::ScaleMapper(double left, double top, double width, double height, d
       width_(width),
       height_(height),
       pixelWidth_(pixelWidth),
-      pixelHeight_(pixelHeight) {}
+      pixelHeight_(pixelHeight),
+      xFactor_(stretch(1.0, pixelWidth, width)),
+      yFactor_(stretch(1.0, pixelHeight, height)) {}
 
 double ScaleMapper::toScaleX(double px) const {
     return left_ + stretch(px, width_, pixelWidth_);

@@ -14,8 +14,10 @@ class ScaleMapper {
 
     // Scale units to pixels. A zero scale width or height maps everything to 0. Inline: every
     // drawn point passes here.
-    double toPixelX(double x) const { return stretch(x - left_, pixelWidth_, width_); }
-    double toPixelY(double y) const { return stretch(y - top_, pixelHeight_, height_); }
+    // The factor is worked out once: a pixel position is off by at most a rounding, far below
+    // anything a rasteriser shows.
+    double toPixelX(double x) const { return xFactor_ == 0.0 ? 0.0 : (x - left_) * xFactor_; }
+    double toPixelY(double y) const { return yFactor_ == 0.0 ? 0.0 : (y - top_) * yFactor_; }
     // Pixels to scale units. A zero pixel width or height maps everything to left or top.
     double toScaleX(double px) const;
     double toScaleY(double py) const;
@@ -38,6 +40,8 @@ class ScaleMapper {
     double height_ = 0.0;
     double pixelWidth_ = 0.0;
     double pixelHeight_ = 0.0;
+    double xFactor_ = 0.0;  // pixels per scale unit
+    double yFactor_ = 0.0;
 };
 
 }  // namespace zw

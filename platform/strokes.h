@@ -47,10 +47,11 @@ class ThinPolyline {
     std::vector<QPointF> run_;  // from the last kept vertex on
     double tolerance_ = 0.0;
     std::size_t chunk_ = 1;
-    // The straight line the run's last point may be replaced along: from run_[size - 2] in the
+    // The straight line the run's last point may be replaced along: from (fromX_, fromY_) in the
     // direction (dirX_, dirY_), within band2_ of cross products; lastAlong_ the last point's dot
     // product with that direction.
     bool banded_ = false;
+    double fromX_ = 0.0, fromY_ = 0.0;  // run_[size - 2], kept at hand
     double dirX_ = 0.0, dirY_ = 0.0, band2_ = 0.0, lastAlong_ = 0.0;
 };
 

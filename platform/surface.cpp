@@ -119,6 +119,7 @@ struct Surface::Batch {
     std::size_t kept = 0;
 
     std::vector<Change> changes;
+    std::uint64_t movedCost = 0;  // the work of the changes' strokes
     std::vector<QPointF> points;
     DiscSprites discs;
 };
@@ -335,7 +336,9 @@ bool Surface::continueStroke(double x1, double y1, double x2, double y2, Colour 
         return false;
     }
     const QPointF step = to - b.stroke.newest();
-    werk(kWerkVervolg + kWerkPerPixel * bedekt(std::sqrt(QPointF::dotProduct(step, step))));
+    const double length2 = QPointF::dotProduct(step, step);
+    // Most steps are far below a pixel, which covers none.
+    werk(kWerkVervolg + (length2 < 1.0 ? 0 : kWerkPerPixel * bedekt(std::sqrt(length2))));
     logPrimitive(DrawKind::kLine, x1, y1, x2, y2, 0.0, colour);
     b.endX = x2;
     b.endY = y2;
@@ -390,11 +393,7 @@ void Surface::lineFan(double x1, const float* y1, double x2, const float* y2, st
 // Then the lines are logged, if the log is on.
 void Surface::chargeFan(double x1, const float* y1, double x2, const float* y2, std::size_t count,
                         const Colour* colours, std::size_t colourCount, double across) {
-    std::uint64_t kosten = count * (kWerkWaaier + kWerkPerPixel * bedekt(across));
-    for (const Batch::Change& c : batch_->changes) {
-        kosten += kWerkVervolg + kWerkPerPixel * bedekt(c.py2 - c.py1);
-    }
-    werk(kosten);
+    werk(count * (kWerkWaaier + kWerkPerPixel * bedekt(across)) + batch_->movedCost);
     for (std::size_t i = 0; i < count && logging_; ++i) {
         logPrimitive(DrawKind::kLine, x1, y1[i], x2, y2[i], 0.0, colours[i % colourCount]);
     }
@@ -428,20 +427,31 @@ void Surface::checkFanPromise(const float* y1, const float* y2, std::size_t coun
 bool Surface::mapFan(const ScaleMapper& map, const float* y1, const float* y2, std::size_t from,
                      std::size_t to, bool continues) const {
     Batch& b = *batch_;
-    b.changes.clear();
+    // Room for every line first, then filled in place: a change built aside and copied in
+    // would be read back wider than it was written, which stalls the store.
+    b.changes.resize(to - from);
+    b.movedCost = 0;
+    std::size_t n = 0;
+    bool finite = true;
     for (std::size_t i = from; i < to; ++i) {
-        const std::uint32_t a = bitsOf(y1[i]), n = bitsOf(y2[i]);
-        if (continues && a != b.ends[i]) {
+        const std::uint32_t vorig = bitsOf(y1[i]), nieuw = bitsOf(y2[i]);
+        if (continues && vorig != b.ends[i]) {
+            b.changes.resize(n);
             return false;
         }
-        if (!continues || a != n) {
-            b.changes.push_back({i, map.toPixelY(y1[i]), map.toPixelY(y2[i]), n});
-            if (!std::isfinite(b.changes.back().py1) || !std::isfinite(b.changes.back().py2)) {
-                return false;
-            }
+        if (!continues || vorig != nieuw) {
+            Batch::Change& c = b.changes[n++];
+            c.i = i;
+            c.py1 = map.toPixelY(y1[i]);
+            c.py2 = map.toPixelY(y2[i]);
+            c.bits2 = nieuw;
+            const double dy = c.py2 - c.py1;
+            finite = finite && std::isfinite(c.py1) && std::isfinite(c.py2);
+            b.movedCost += kWerkVervolg + (dy > -1.0 && dy < 1.0 ? 0 : kWerkPerPixel * bedekt(dy));
         }
     }
-    return true;
+    b.changes.resize(n);
+    return finite;
 }
 
 void Surface::startFan(double x2, double px1, double px2, std::size_t count, const Colour* colours,

@@ -2,15 +2,32 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <memory>
 
 #include "knots/knoop_vector.h"
 #include "platform/numeric.h"
 #include "spline/blossom_engine.h"
-#include "spline/point_blossom.h"
 #include "spline/parameter_search.h"
+#include "spline/point_blossom.h"
 
 namespace zw {
+
+namespace {
+
+// The few coefficients of a curve point, copied in pairs of fixed size: a copy of a length known
+// only at run time is a call to the library, which costs more than the copy itself.
+void kopieer(const double* van, std::size_t aantal, double* naar) {
+    std::size_t i = 0;
+    for (; i + 2 <= aantal; i += 2) {
+        std::memcpy(naar + i, van + i, 2 * sizeof(double));
+    }
+    if (i < aantal) {
+        naar[i] = van[i];
+    }
+}
+
+}  // namespace
 
 std::int32_t wholeOrder(float orde) {
     if (!isWhole(orde)) {
@@ -47,7 +64,7 @@ void BlossomFunctie::blossom(const Array<double>& argumentenlijst, float segment
     // not cover, the general recursion. Both give the recursion's vector bit for bit.
     PointBlossom point(knopen.data(), knopen.size(), vec.knopenlengte, k, segment, &knoopvolgorde);
     if (const double* result = point.evaluate(argumentenlijst.data())) {
-        std::copy(result, result + k + 1, c.data());
+        kopieer(result, static_cast<std::size_t>(k) + 1, c.data());
         return;
     }
     BlossomEngine engine(knopen.data(), knopen.size(), vec.knopenlengte, k, segment);
@@ -140,8 +157,8 @@ void BlossomFunctie::splits_in_helft() {
     window_.knooppunten = true;
     const float k = window_.polygoon().orde;
     KnoopVector& vec = window_.vec();
-    const float m = addSingle(addSingle(vec.knopenlengte, -multiplySingle(2.0f, addSingle(k, -1.0f))),
-                              -1.0f);
+    const float m =
+        addSingle(addSingle(vec.knopenlengte, -multiplySingle(2.0f, addSingle(k, -1.0f))), -1.0f);
     // Every midpoint is taken before the first insertion.
     Array<double> midden(m);
     forSingle(0.0f, addSingle(m, -1.0f), 1.0f, [&](float i) {

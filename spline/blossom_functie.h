@@ -44,10 +44,10 @@ class BlossomFunctie {
     // Splits every segment at the middle of its parameter interval.
     void splits_in_helft();
 
-    // --- Drawing on the window's canvas
-    // ----------------------------------------------------------- The whole curve in `krommekleur`,
-    // three times as wide as the canvas line width, with its knot points marked; with the blending
-    // view on, also the blending functions of the real range into `meng`.
+    // --- Drawing on the window's canvas ---------------------------------------------------------
+    // The whole curve in `krommekleur`, three times as wide as the canvas line width, with its
+    // knot points marked; with the blending view on, also the blending functions of the real
+    // range into `meng`.
     void teken_spline();
     // Segments beginsegment .. eindsegment - 1 (counted from 0) in `segmentkleur`.
     void teken_spline_in_kleur(float beginsegment, float eindsegment);

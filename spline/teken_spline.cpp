@@ -116,10 +116,13 @@ class Kromme {
             doek.line(vorig_.X, vorig_.Y, p.X, p.Y, kleur_);
             return;
         }
-        // The width is an Integer property: tripling past 32767 overflows.
-        doek.setDrawWidth(toInteger(doek.drawWidth() * 3.0));
+        // The width is an Integer property: tripling past 32767 overflows. Tripled and divided
+        // again it is whole, and CInt gives it back as it is.
+        const int breedte = doek.drawWidth();
+        doek.setDrawWidth(toInteger(breedte * 3.0));
         doek.line(vorig_.X, vorig_.Y, p.X, p.Y, kleur_);
-        doek.setDrawWidth(toInteger(doek.drawWidth() / 3.0));
+        const int nu = doek.drawWidth();
+        doek.setDrawWidth(nu % 3 == 0 ? nu / 3 : toInteger(nu / 3.0));
     }
 
     MainWindow& window_;
@@ -158,12 +161,14 @@ void BlossomFunctie::echte_mengwaarden(float s, float k, const Array<double>& c)
     constexpr float kRecht = 64.0f;
     if (isWhole(s) && isWhole(k) && s >= 0.0f && k >= 1.0f && k <= kRecht &&
         static_cast<double>(s) + k <= static_cast<double>(mengwaarden.size()) &&
+        static_cast<double>(s) + k <= static_cast<double>(gewichten.gewichten().size()) &&
         k <= static_cast<float>(c.size())) {
         const auto eerste = static_cast<std::int32_t>(s), aantal = static_cast<std::int32_t>(k);
+        const double* gewicht = gewichten.gewichten().data();
         double g[static_cast<int>(kRecht)];
         double w = 0.0;
         for (std::int32_t i = 0; i < aantal; ++i) {
-            g[i] = gewichten.gewicht(static_cast<float>(eerste + i));
+            g[i] = gewicht[eerste + i];
             w = checkedDouble(w + g[i] * c.data()[i]);
         }
         werk(static_cast<std::uint64_t>(aantal) * 4);

@@ -1,9 +1,9 @@
 // What a user can do with a curve file, as one script of user actions on the whole editor: open
 // it, see it with the knot pane, split every segment, insert a knot, take a wavelet step, drag a
-// weight, see its Bezier notation and pick a point and a parameter, zoom, undo and redo. Each step
-// is one action in the event guard, as the editor runs it, so each ends in success or in its
-// classic run-time error, within its budget of work. The fuzz target and the corpus replay share
-// it.
+// weight, see its Bezier notation and pick a point and a parameter, show the blending functions,
+// zoom, undo and redo. Each step is one action in the event guard, as the editor runs it, so
+// each ends in success or in its classic run-time error, within its budget of work. The fuzz
+// target and the corpus replay share it.
 #pragma once
 
 #include <string>
@@ -69,10 +69,14 @@ inline bool speelAf(HeadlessEditor& w, ScriptedDialogs& dialogs, const std::stri
     guard.run([&] { doek.deliverMouseDown(1, 0, 300, 200); });
     guard.run([&] { w.klik("mntBeeldControlperSegment"); });
     guard.run([&] { doek.deliverMouseDown(1, 0, 500, 350); });
+    // The blending functions, with that weight and those views, over zoom, undo and redo; then
+    // off again.
+    guard.run([&] { w.Tb_ButtonClick("Mengfuncties"); });
     for (const char* naam :
          {"mntBeeldZoomInzoemen", "mntBeeldZoomUitzoemen", "mntBewerkenUndo", "mntBewerkenRedo"}) {
         guard.run([&] { w.klik(naam); });
     }
+    guard.run([&] { w.klik("mntBeeldMengFuncties"); });
     // Any other button: every weight back to 1. Then "Nieuw" unloads the window and the toolbar
     // shows it again, which loads it anew with the weights it kept.
     guard.run([&] { gewichten.deliverMouseDown(1, 0, 5, 5); });

@@ -29,6 +29,8 @@ class GewichtenForm {
     explicit GewichtenForm(MainWindow& window);
 
     double gewicht(float index) const;
+    // All weights, for loops that check their indexes against the size themselves.
+    const Array<double>& gewichten() const { return gewichten_; }
     double get_grootste_gewicht() const { return grootste_; }
     // The largest weight of the polygon's points; the first of equal maxima wins.
     void zoek_grootste_gewicht();
