@@ -5,7 +5,6 @@
 #include "platform/numeric.h"
 #include "platform/surface.h"
 #include "spline/blossom_functie.h"
-#include "spline/point_blossom.h"
 
 namespace zw {
 
@@ -24,16 +23,16 @@ void Beeld::bereken_bezier_notatie() {
     Array<double> argumenten(k);
     Array<Punt> bezierpunten(multiplySingle(S, k));
     Array<double> coefficienten;
-    KnotOrder knoopvolgorde;
     forSingle(0.0f, addSingle(S, -1.0f), 1.0f, [&](float seg) {
         const double links = vec.knoop(addSingle(addSingle(k, -1.0f), seg));
         const double rechts = vec.knoop(addSingle(k, seg));
-        const float segment = addSingle(seg, 1.0f);
+        // The k lists of a segment are all made of its knots and share most of their sub-lists.
+        SegmentBlossom blossom(window_, addSingle(seg, 1.0f));
         forSingle(0.0f, addSingle(k, -1.0f), 1.0f, [&](float j) {
             const float grens = addSingle(addSingle(k, -1.0f), -j);
             forSingle(0.0f, addSingle(grens, -1.0f), 1.0f, [&](float a) { argumenten(a) = links; });
             forSingle(grens, addSingle(k, -1.0f), 1.0f, [&](float a) { argumenten(a) = rechts; });
-            functie.blossom(argumenten, segment, knoopvolgorde, coefficienten);
+            blossom.blossom(argumenten, coefficienten);
             bezierpunten(addSingle(multiplySingle(seg, k), j)) =
                 functie.bereken_punt(coefficienten, seg);
         });
