@@ -54,52 +54,47 @@ TEST(HeadlessEditor, HelftShowsTheKnotPointsAndChecksTheirItem) {
 
 // Each picking mode: turned on, it turns the other off, mark and all, and draws nothing yet; a
 // left click picks and colours instead of adding a point, and records no version; the redraw
-// colours the pick (a disc on the picked point, or the k points of the picked segment); a second
-// click on the item redraws without colour. The Bezier view draws and clears the same way.
+// marks the pick (point 3, or the points 1 .. 4 of segment 2, nearest the click); a second click
+// on the item redraws without colour. "Nieuw" clears the views and their marks.
 TEST(HeadlessEditor, ViewsAndPickingModesFollowTheirItems) {
     Editor e;
     HeadlessEditor& w = e.w;
     setCurve(w, 4, {{1000, 1000}, {3000, 6000}, {5000, 1500}, {7000, 6500}, {9000, 2000}});
     w.Doek().setLogging(true);
     const auto discs = [&](Colour c) {
-        std::vector<std::pair<double, double>> at;
+        std::vector<double> x;  // the points' x are distinct
         for (const DrawRecord& r : w.Doek().log()) {
             if (r.colour == c && r.kind == DrawKind::kCircle) {
-                at.emplace_back(r.x1, r.y1);
+                x.push_back(r.x1);
             }
         }
-        return at;
+        return x;
     };
     const char* items[] = {"mntBeeldSegmentperControl", "mntBeeldControlperSegment"};
+    const std::vector<double> picked[] = {{7000}, {3000, 5000, 7000, 9000}};
     for (int m = 0; m < 2; ++m) {
         w.Doek().refresh();
         const std::size_t drawn = w.Doek().log().size();
-        w.klik(items[m]);
-        EXPECT_EQ(w.Doek().log().size(), drawn);
-        EXPECT_TRUE(w.menus().vinkje(items[m]) && !w.menus().vinkje(items[1 - m]));
-        EXPECT_TRUE(m == 0 ? w.segmenten_per_controlepunt && !w.controlepunten_per_segment
-                           : w.controlepunten_per_segment && !w.segmenten_per_controlepunt);
         const float versie = w.ops().versie;
+        w.klik(items[m]);
+        EXPECT_TRUE(w.Doek().log().size() == drawn && w.menus().vinkje(items[m]) &&
+                    !w.menus().vinkje(items[1 - m]) && w.segmenten_per_controlepunt == (m == 0));
         w.Doek_MouseDown(1, 0, 7100, 6400);
-        EXPECT_EQ(std::make_pair(w.polygoon().graad, w.ops().versie), std::make_pair(4.0f, versie));
-        const auto marked = discs(w.segmentkleur);
-        if (m == 0) {
-            EXPECT_EQ(w.gekozen_index, 3);
-            EXPECT_EQ(marked, (std::vector<std::pair<double, double>>{{7000, 6500}}));
-        } else {
-            EXPECT_EQ(marked.size(), 4u);  // points 1 .. 4: the click is nearest segment 2
-            EXPECT_EQ(marked[1], std::make_pair(5000.0, 1500.0));
-        }
+        EXPECT_TRUE(w.polygoon().graad == 4.0f && w.ops().versie == versie);
+        EXPECT_EQ(discs(w.segmentkleur), picked[m]);
     }
     w.klik(items[1]);
-    EXPECT_FALSE(w.controlepunten_per_segment || w.menus().vinkje(items[1]));
-    EXPECT_TRUE(discs(w.segmentkleur).empty());
-
-    for (const bool aan : {true, false}) {
-        w.klik("mntBeeldBezier");
-        EXPECT_EQ(w.menus().vinkje("mntBeeldBezier"), aan);
-        EXPECT_EQ(discs(w.Bezierkleur).size(), aan ? 8u : 0u);
+    EXPECT_TRUE(discs(w.segmentkleur).empty() && !w.controlepunten_per_segment &&
+                !w.menus().vinkje(items[1]));
+    w.klik("mntBeeldBezier");
+    EXPECT_EQ(discs(w.Bezierkleur).size(), 8u);
+    for (const char* item : {items[0], "mntBeeldMengFuncties", "mntBestandNieuw"}) {
+        w.klik(item);
     }
+    for (const char* item : {"mntBeeldBezier", items[0], "mntBeeldMengFuncties"}) {
+        EXPECT_FALSE(w.menus().vinkje(item)) << item;
+    }
+    EXPECT_FALSE(w.knoppen().vinkje("Mengfuncties"));
 }
 
 // A curve of five points whose knots lie `afstand` apart, saved in the editor's directory.
