@@ -118,7 +118,9 @@ struct Surface::Batch {
     std::vector<FanLine> lines;
     std::size_t kept = 0;
 
+    // The changes of the last fan: the first changeCount entries. The storage only grows.
     std::vector<Change> changes;
+    std::size_t changeCount = 0;
     std::uint64_t movedCost = 0;  // the work of the changes' strokes
     std::vector<QPointF> points;
     DiscSprites discs;
@@ -175,6 +177,7 @@ bool Surface::resizeImage(int width, int height, qreal ratio) {
     if (!userScale_) {
         followSize();
     }
+    map_ = makeMapper();
     cls();
     return true;
 }
@@ -238,6 +241,7 @@ void Surface::setUserScale(double left, double top, double width, double height)
     scaleTop_ = top;
     scaleWidth_ = width;
     scaleHeight_ = height;
+    map_ = makeMapper();
 }
 
 void Surface::followSize() {
@@ -246,9 +250,10 @@ void Surface::followSize() {
     scaleTop_ = 0.0;
     scaleWidth_ = pixelWidth_ * kTwipsPerPixel;
     scaleHeight_ = pixelHeight_ * kTwipsPerPixel;
+    map_ = makeMapper();
 }
 
-ScaleMapper Surface::mapper() const {
+ScaleMapper Surface::makeMapper() const {
     return ScaleMapper(scaleLeft_, scaleTop_, scaleWidth_, scaleHeight_, pixelWidth_, pixelHeight_);
 }
 
@@ -306,7 +311,7 @@ void Surface::line(double x1, double y1, double x2, double y2, Colour colour) {
         x1 == b.endX && y1 == b.endY && continueStroke(x1, y1, x2, y2, colour)) {
         return;
     }
-    const ScaleMapper map = mapper();
+    const ScaleMapper& map = mapper();
     const QPointF to(map.toPixelX(x2), map.toPixelY(y2));
     const QPointF from(map.toPixelX(x1), map.toPixelY(y1));
     werk(kWerkLijn + kWerkPerPixel * bedekt(std::hypot(to.x() - from.x(), to.y() - from.y())));
@@ -373,7 +378,7 @@ void Surface::lineFan(double x1, const float* y1, double x2, const float* y2, st
         }
     }
     // A new fan, or one whose moving line does not start where the open fan left it.
-    const ScaleMapper map = mapper();
+    const ScaleMapper& map = mapper();
     const double px1 = map.toPixelX(x1), px2 = map.toPixelX(x2);
     if (count == 0 || count > kMaxFanLines || image_.isNull() || !std::isfinite(px1) ||
         !std::isfinite(px2) || !mapFan(map, y1, y2, 0, count, false)) {
@@ -429,14 +434,16 @@ bool Surface::mapFan(const ScaleMapper& map, const float* y1, const float* y2, s
     Batch& b = *batch_;
     // Room for every line first, then filled in place: a change built aside and copied in
     // would be read back wider than it was written, which stalls the store.
-    b.changes.resize(to - from);
+    if (b.changes.size() < to - from) {
+        b.changes.resize(to - from);
+    }
     b.movedCost = 0;
+    b.changeCount = 0;
     std::size_t n = 0;
     bool finite = true;
     for (std::size_t i = from; i < to; ++i) {
         const std::uint32_t vorig = bitsOf(y1[i]), nieuw = bitsOf(y2[i]);
         if (continues && vorig != b.ends[i]) {
-            b.changes.resize(n);
             return false;
         }
         if (!continues || vorig != nieuw) {
@@ -450,7 +457,7 @@ bool Surface::mapFan(const ScaleMapper& map, const float* y1, const float* y2, s
             b.movedCost += kWerkVervolg + (dy > -1.0 && dy < 1.0 ? 0 : kWerkPerPixel * bedekt(dy));
         }
     }
-    b.changes.resize(n);
+    b.changeCount = n;
     return finite;
 }
 
@@ -466,7 +473,8 @@ void Surface::startFan(double x2, double px1, double px2, std::size_t count, con
     b.lines.resize(count);
     b.kept = 0;
     const double tolerance = kTolerance / devicePixelRatio_;
-    for (const Batch::Change& c : b.changes) {
+    for (std::size_t n = 0; n < b.changeCount; ++n) {
+        const Batch::Change& c = b.changes[n];
         Batch::FanLine& f = b.lines[c.i];
         f.line.start(QPointF(px1, c.py1), tolerance, kFanRun);
         f.line.add(QPointF(px2, c.py2));
@@ -478,7 +486,8 @@ void Surface::startFan(double x2, double px1, double px2, std::size_t count, con
 // A line that moves first gets the end of its level run, if it had one, then its new point.
 void Surface::extendFan(double x2, double px1, double px2) {
     Batch& b = *batch_;
-    for (const Batch::Change& c : b.changes) {
+    for (std::size_t n = 0; n < b.changeCount; ++n) {
+        const Batch::Change& c = b.changes[n];
         Batch::FanLine& f = b.lines[c.i];
         if (f.fedX != px1) {
             b.kept += f.line.add(QPointF(px1, c.py1));
@@ -502,7 +511,7 @@ void Surface::extendFan(double x2, double px1, double px2) {
 }
 
 void Surface::circle(double x, double y, double radius, Colour colour) {
-    const ScaleMapper map = mapper();
+    const ScaleMapper& map = mapper();
     const QPointF centre(map.toPixelX(x), map.toPixelY(y));
     const double pixelRadius = map.widthToPixels(radius);
     werk(kWerkCirkel + kWerkPerPixelStraal * bedekt(pixelRadius));
@@ -655,7 +664,7 @@ void Surface::deliverMouse(const MouseHandler& handler, int button, int shift, d
     if (!call) {
         return;
     }
-    const ScaleMapper map = mapper();
+    const ScaleMapper& map = mapper();
     call(button, shift, toHandlerSingle(map.toScaleX(px)), toHandlerSingle(map.toScaleY(py)));
 }
 

@@ -104,7 +104,8 @@ class Surface {
     double scaleWidth() const { return scaleWidth_; }
     double scaleHeight() const { return scaleHeight_; }
     bool hasUserScale() const { return userScale_; }
-    ScaleMapper mapper() const;
+    // Made again whenever the scale or the size changes: every primitive asks for it.
+    const ScaleMapper& mapper() const { return map_; }
 
     // --- Drawing (coordinates in scale units) --------------------------------------------------
     void cls();
@@ -173,6 +174,7 @@ class Surface {
     double containerWidthOf(int pixels) const;
     double containerHeightOf(int pixels) const;
     void followSize();
+    ScaleMapper makeMapper() const;
     void setUserScale(double left, double top, double width, double height);
     // Rasterising costs by the pixels a primitive covers, and nothing beyond the image's
     // diagonal is drawn.
@@ -209,6 +211,7 @@ class Surface {
     int pixelWidth_ = 0;
     int pixelHeight_ = 0;
     double diagonal_ = 0.0;  // in pixels: no primitive covers more
+    ScaleMapper map_;
     qreal devicePixelRatio_ = 1.0;
     // Pending lines are painted into the image when it is asked for.
     mutable QImage image_;
