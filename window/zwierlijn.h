@@ -178,8 +178,6 @@ class Zwierlijn : public MainWindow {
     void zetDetail(const char* item, float stap);
     // A picking mode's item: on, it turns the other mode off; off, it clears the colouring.
     void wisselKiesmodus(bool& modus, const char* item, bool& andere, const char* andereItem);
-    // The picking modes pick on a curve: without one a click adds a point as always.
-    bool kiest() const;
     // The Bezier notation and the colourings over the curve.
     void tekenAfgeleid();
     void sleepPunt(float X, float Y);

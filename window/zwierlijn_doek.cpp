@@ -50,9 +50,9 @@ void Zwierlijn::Doek_MouseDown(int Button, int, float X, float Y) {
 void Zwierlijn::linkerklik(float X, float Y) {
     Punt punt;
     punt.vulpunt(X, Y);
-    if (segmenten_per_controlepunt && kiest()) {
+    if (segmenten_per_controlepunt) {
         kies_segment(X, Y);
-    } else if (controlepunten_per_segment && kiest()) {
+    } else if (controlepunten_per_segment) {
         double t = 0.0;
         evaluator_->zoek_twaarde(punt, t);
         kies_twaarde(t);
@@ -66,12 +66,6 @@ void Zwierlijn::linkerklik(float X, float Y) {
         evaluator_->maak_spline(t);
         ops_->save();
     }
-}
-
-// Undo can take the curve away while a mode is on, and its item is disabled then: a click that
-// picked would leave the user no way back to drawing.
-bool Zwierlijn::kiest() const {
-    return polygon_->orde > 0.0f;
 }
 
 void Zwierlijn::kies_segment(float X, float Y) {
