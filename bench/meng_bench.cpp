@@ -3,6 +3,9 @@
 // detail: alone, and with the blending pane, which draws a line per control point for every
 // sample (1.7 million for 64 segments of order 2).
 //
+// With every view on: the blending pane, the Bezier notation, the segments of the middle control
+// point in colour and the knot pane, for 64 segments.
+//
 // Beside them the canvas alone as the surface used to rasterise it, for the ratio: the same
 // redraw with the log on, then every logged primitive stroked on its own with a fresh pen, as
 // each line and circle was before lines were collected.
@@ -101,6 +104,22 @@ void BM_DoekEnMeng(benchmark::State& state) {
         100.0 * static_cast<double>(zw::Werkbudget::gedaan()) / static_cast<double>(zw::kWerkGrens);
 }
 
+void BM_DoekAllesAan(benchmark::State& state) {
+    Editor e(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
+    for (const char* item :
+         {"mntBeeldMengFuncties", "mntBeeldBezier", "mntBeeldSegmentperControl"}) {
+        e.w.klik(item);
+    }
+    const zw::Punt midden = e.w.polygoon().punten(e.w.polygoon().graad / 2);
+    e.w.Doek_MouseDown(1, 0, midden.X, midden.Y);
+    for (auto _ : state) {
+        e.w.Doek().refresh();
+        for (zw::Surface* s : {&e.w.Doek(), &e.w.meng(), &e.w.Knopen()}) {
+            benchmark::DoNotOptimize(s->image().constBits());
+        }
+    }
+}
+
 void krommen(benchmark::internal::Benchmark* b) {
     for (const int segmenten : {64, 16}) {
         for (const int orde : {2, 4, 8}) {
@@ -113,5 +132,6 @@ void krommen(benchmark::internal::Benchmark* b) {
 BENCHMARK(BM_DoekZoalsVroeger)->Apply(krommen);
 BENCHMARK(BM_Doek)->Apply(krommen);
 BENCHMARK(BM_DoekEnMeng)->Apply(krommen);
+BENCHMARK(BM_DoekAllesAan)->ArgsProduct({{64}, {2, 4, 8}})->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -73,14 +73,18 @@ const double* BlossomEngine::evaluate(const double* args) {
     return vectorOf(evaluateList(args, 0));
 }
 
+// A product carries a difference only towards the high bits, and knots that are small whole
+// numbers differ only in the high bits of their doubles: each step folds the high half back down,
+// so that the low bits, which pick the slot, see every argument.
 std::uint32_t BlossomEngine::hashOf(const double* list) const {
     std::uint64_t h = 0;
     for (std::size_t i = 0; i < keyLength_; ++i) {
         std::uint64_t bits;
         std::memcpy(&bits, &list[i], sizeof bits);
         h = (h ^ bits) * 0x9E3779B97F4A7C15ULL;
+        h ^= h >> 32;
     }
-    return static_cast<std::uint32_t>(h >> 32);
+    return static_cast<std::uint32_t>(h);
 }
 
 namespace {

@@ -72,6 +72,28 @@ void BlossomFunctie::blossom(const Array<double>& argumentenlijst, float segment
     std::copy(result, result + k + 1, c.data());
 }
 
+SegmentBlossom::SegmentBlossom(MainWindow& window, float segment)
+    : k_(wholeOrder(window.polygoon().orde)) {
+    const KnoopVector& vec = window.vec();
+    const Array<double>& knopen = vec.knopen();
+    engine_ = std::make_unique<BlossomEngine>(knopen.data(), knopen.size(), vec.knopenlengte, k_,
+                                              segment);
+}
+
+SegmentBlossom::~SegmentBlossom() = default;
+
+void SegmentBlossom::blossom(const Array<double>& argumentenlijst, Array<double>& c) {
+    if (c.size() != static_cast<std::size_t>(k_) + 1) {
+        c.redim(k_);
+    }
+    const std::size_t needed = k_ > 1 ? static_cast<std::size_t>(k_ - 1) : 1;
+    if (argumentenlijst.size() < needed) {
+        raise(kErrSubscript);
+    }
+    const double* result = engine_->evaluate(argumentenlijst.data());
+    std::copy(result, result + k_ + 1, c.data());
+}
+
 float BlossomFunctie::zoek_controlepunt(double t) const {
     const KnoopVector& vec = window_.vec();
     for (float i = 1.0f; i < vec.knopenlengte; i = addSingle(i, 1.0f)) {

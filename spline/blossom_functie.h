@@ -5,6 +5,7 @@
 #pragma once
 
 #include <array>
+#include <memory>
 
 #include "geometry/coordinaten.h"
 #include "geometry/punt.h"
@@ -13,6 +14,7 @@
 
 namespace zw {
 
+class BlossomEngine;
 struct KnotOrder;
 
 class BlossomFunctie {
@@ -105,6 +107,25 @@ class BlossomFunctie {
     float zoekfractie;
     // The parameter search subdivides at most this many intervals.
     float zoekgrens;
+};
+
+// The blossoms of several argument lists on one segment, each as BlossomFunctie::blossom gives
+// it. While the knots stay as they are, the vector of a sub-list of the recursion depends on
+// nothing but its entries: a sub-list common to several lists (the Bezier points of a segment
+// share most of theirs) is evaluated once. The knots must not change while it lives.
+class SegmentBlossom {
+  public:
+    SegmentBlossom(MainWindow& window, float segment);
+    ~SegmentBlossom();
+    SegmentBlossom(const SegmentBlossom&) = delete;
+    SegmentBlossom& operator=(const SegmentBlossom&) = delete;
+
+    // Into `c`, whose storage is reused when it has the size.
+    void blossom(const Array<double>& argumentenlijst, Array<double>& c);
+
+  private:
+    std::int32_t k_;
+    std::unique_ptr<BlossomEngine> engine_;
 };
 
 // The whole order k of the polygon. An order that is no whole number, which only a damaged file

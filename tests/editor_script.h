@@ -1,8 +1,9 @@
 // What a user can do with a curve file, as one script of user actions on the whole editor: open
 // it, see it with the knot pane, split every segment, insert a knot, take a wavelet step, drag a
-// weight, show the blending functions, zoom, undo and redo. Each step is one action in the event
-// guard, as the editor runs it, so each ends in success or in its classic run-time error, within
-// its budget of work. The fuzz target and the corpus replay share it.
+// weight, see its Bezier notation and pick a point and a parameter, show the blending functions,
+// zoom, undo and redo. Each step is one action in the event guard, as the editor runs it, so
+// each ends in success or in its classic run-time error, within its budget of work. The fuzz
+// target and the corpus replay share it.
 #pragma once
 
 #include <string>
@@ -59,7 +60,17 @@ inline bool speelAf(HeadlessEditor& w, ScriptedDialogs& dialogs, const std::stri
     guard.run([&] { gewichten.deliverMouseDown(2, 0, 30, 150); });
     guard.run([&] { gewichten.deliverMouseMove(2, 0, 30, 80); });
     guard.run([&] { gewichten.deliverMouseUp(2, 0, 30, 10); });
-    // The blending functions, with that weight, over zoom, undo and redo; then off again.
+    // The derived views: the Bezier notation, a control point picked in one mode and a curve
+    // parameter in the other, which stays on with the Bezier notation until "Nieuw".
+    Surface& doek = w.Doek();
+    for (const char* naam : {"mntBeeldBezier", "mntBeeldSegmentperControl"}) {
+        guard.run([&] { w.klik(naam); });
+    }
+    guard.run([&] { doek.deliverMouseDown(1, 0, 300, 200); });
+    guard.run([&] { w.klik("mntBeeldControlperSegment"); });
+    guard.run([&] { doek.deliverMouseDown(1, 0, 500, 350); });
+    // The blending functions, with that weight and those views, over zoom, undo and redo; then
+    // off again.
     guard.run([&] { w.Tb_ButtonClick("Mengfuncties"); });
     for (const char* naam :
          {"mntBeeldZoomInzoemen", "mntBeeldZoomUitzoemen", "mntBewerkenUndo", "mntBewerkenRedo"}) {

@@ -1,12 +1,13 @@
 // Takes the README's pictures of the editor: a fresh program directory with the default settings,
 // an open-uniform cubic curve of eight control points, the window shown and grabbed; when a third
 // file is named, the blending functions of the uniform vector shown from the toolbar, grabbed,
-// and off again;
-// then, when a second file is named, the weights window opened beside it, two weights dragged,
-// and the screen grabbed with both windows.
+// and off again; when a fourth and a fifth are named, the Bezier notation, and the segments of
+// one control point picked with a click in "Segmenten per Controlepunt", each grabbed and off
+// again; then, when a second file is named, the weights window opened beside it, two weights
+// dragged, and the screen grabbed with both windows.
 //
-// Usage: screenshot <editor.png> [<weights.png> [<blending.png>]]   (needs a screen;
-// ./zw screenshot runs it under Xvfb)
+// Usage: screenshot <editor.png> [<weights.png> [<blending.png> [<bezier.png> <colouring.png>]]]
+// (needs a screen; ./zw screenshot runs it under Xvfb)
 #include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
@@ -97,12 +98,31 @@ bool neemMengfuncties(zw::ZwierlijnVenster& w, const char* bestand) {
     return genomen;
 }
 
+// The views from the menu, as the user turns them on; the colouring's segment picked by a left
+// click at the fifth control point, which finds the curve's nearest point.
+bool neemBeelden(zw::ZwierlijnVenster& w, const char* bezier, const char* kleuring) {
+    w.menu(QStringLiteral("mntBeeldBezier"))->trigger();
+    QApplication::processEvents();
+    bool genomen = w.grab().save(QString::fromLocal8Bit(bezier));
+    w.menu(QStringLiteral("mntBeeldBezier"))->trigger();
+    w.menu(QStringLiteral("mntBeeldControlperSegment"))->trigger();
+    const zw::ScaleMapper schaal = w.Doek().mapper();
+    w.Doek().deliverMouseDown(1, 0, schaal.toPixelX(kPoints[4][0]), schaal.toPixelY(kPoints[4][1]));
+    QApplication::processEvents();
+    genomen = w.grab().save(QString::fromLocal8Bit(kleuring)) && genomen;
+    w.menu(QStringLiteral("mntBeeldControlperSegment"))->trigger();
+    QApplication::processEvents();
+    return genomen;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     QApplication qtApp(argc, argv);
-    if (argc < 2 || argc > 4) {
-        std::fprintf(stderr, "usage: screenshot <editor.png> [<weights.png> [<blending.png>]]\n");
+    if (argc < 2 || argc > 6 || argc == 5) {
+        std::fprintf(stderr,
+                     "usage: screenshot <editor.png> [<weights.png> [<blending.png> "
+                     "[<bezier.png> <colouring.png>]]]\n");
         return 2;
     }
     QTemporaryDir dir;
@@ -117,8 +137,12 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "screenshot: cannot write %s\n", argv[1]);
         return 1;
     }
-    if (argc == 4 && !neemMengfuncties(w, argv[3])) {
+    if (argc >= 4 && !neemMengfuncties(w, argv[3])) {
         std::fprintf(stderr, "screenshot: cannot write %s\n", argv[3]);
+        return 1;
+    }
+    if (argc == 6 && !neemBeelden(w, argv[4], argv[5])) {
+        std::fprintf(stderr, "screenshot: cannot write %s or %s\n", argv[4], argv[5]);
         return 1;
     }
     if (argc >= 3 && !neemGewichten(w, argv[2])) {

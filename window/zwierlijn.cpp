@@ -81,6 +81,12 @@ void Zwierlijn::Form_Initialize() {
     mengstat = false;
     segmenten_per_controlepunt = false;
     controlepunten_per_segment = false;
+    // A new start ("Nieuw") clears the marks of the views it turns off.
+    for (const char* item : {"mntBeeldBezier", "mntBeeldMengFuncties", "mntBeeldSegmentperControl",
+                             "mntBeeldControlperSegment"}) {
+        menus_.zetVinkje(item, false);
+    }
+    knoppen_.zetVinkje("Mengfuncties", false);
     plaats_knopenvenster();
     Schaal = 2;
     BollenStraal = 60;

@@ -86,6 +86,9 @@ class Zwierlijn : public MainWindow {
     void mntBeeldKnopenVector_Click();
     void mntBeeldKnooppunten_Click();
     void mntBeeldMengFuncties_Click();
+    void mntBeeldBezier_Click();
+    void mntBeeldSegmentperControl_Click();
+    void mntBeeldControlperSegment_Click();
     void mntbeeldsleepdetail_Click();
     void mntBeeldGewichten_Click();
     void mntBeeldKleuren_Click();
@@ -111,6 +114,11 @@ class Zwierlijn : public MainWindow {
     void zet_menus();
     void zet_knoppen();
 
+    // The two picking modes of the canvas: the control point nearest to (X, Y), whose segments
+    // are coloured, and the curve parameter t, whose segment's control points are.
+    void kies_segment(float X, float Y);
+    void kies_twaarde(double t);
+
     // The blending pane's knot marks below its axis and its frame.
     void teken_knoopmerken();
     void teken_mengkader();
@@ -127,8 +135,10 @@ class Zwierlijn : public MainWindow {
     bool sleep_detail = true;
     bool knopen_zichtbaar = false;
     bool bezier = false;
+    // The picking modes of a left click on the canvas, of which at most one is on.
     bool segmenten_per_controlepunt = false;
     bool controlepunten_per_segment = false;
+    // What the picking modes picked last: a control point and a curve parameter.
     std::int32_t gekozen_index = 0;
     double gekozen_twaarde = 0.0;
     // The control point or knot being dragged.
@@ -166,7 +176,13 @@ class Zwierlijn : public MainWindow {
     void maak_undo_map();
     bool map_bestaat(const std::string& map) const;
     void zetDetail(const char* item, float stap);
+    // A picking mode's item: on, it turns the other mode off; off, it clears the colouring.
+    void wisselKiesmodus(bool& modus, const char* item, bool& andere, const char* andereItem);
+    // The Bezier notation and the colourings over the curve.
+    void tekenAfgeleid();
     void sleepPunt(float X, float Y);
+    // What a left click on the canvas does, by the modes: pick, append a point or insert a knot.
+    void linkerklik(float X, float Y);
     // Unload of the weights window: the form's variables, the weights among them, stay.
     void ontlaadGewichten();
     void verbindPanelen();

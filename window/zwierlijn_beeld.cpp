@@ -90,6 +90,38 @@ void Zwierlijn::mntBeeldKnooppunten_Click() {
     doek_.refresh();
 }
 
+void Zwierlijn::mntBeeldBezier_Click() {
+    bezier = !bezier;
+    menus_.zetVinkje("mntBeeldBezier", bezier);
+    doek_.refresh();
+}
+
+// Turning a mode on waits for the first click to colour anything; turning it off redraws the
+// canvas without the colouring.
+void Zwierlijn::wisselKiesmodus(bool& modus, const char* item, bool& andere,
+                                const char* andereItem) {
+    if (!modus) {
+        modus = true;
+        andere = false;
+        menus_.zetVinkje(item, true);
+        menus_.zetVinkje(andereItem, false);
+    } else {
+        menus_.zetVinkje(item, false);
+        modus = false;
+        doek_.refresh();
+    }
+}
+
+void Zwierlijn::mntBeeldSegmentperControl_Click() {
+    wisselKiesmodus(segmenten_per_controlepunt, "mntBeeldSegmentperControl",
+                    controlepunten_per_segment, "mntBeeldControlperSegment");
+}
+
+void Zwierlijn::mntBeeldControlperSegment_Click() {
+    wisselKiesmodus(controlepunten_per_segment, "mntBeeldControlperSegment",
+                    segmenten_per_controlepunt, "mntBeeldSegmentperControl");
+}
+
 void Zwierlijn::mntbeeldsleepdetail_Click() {
     sleep_detail = !sleep_detail;
     menus_.zetVinkje("mntbeeldsleepdetail", sleep_detail);

@@ -6,6 +6,7 @@
 #include "platform/numeric.h"
 #include "spline/blossom_functie.h"
 #include "storage/opslag.h"
+#include "views/beeld.h"
 
 namespace zw {
 
@@ -28,18 +29,7 @@ void Zwierlijn::teken_punt(float index, bool gemarkeerd) {
 
 void Zwierlijn::Doek_MouseDown(int Button, int, float X, float Y) {
     if (Button == kLinks) {
-        Punt punt;
-        punt.vulpunt(X, Y);
-        if (!segment) {
-            polygon_->toevoegen(punt);
-        } else {
-            // Spline Punt mode: a knot goes in where the click meets the curve, which gives the
-            // polygon one point more and leaves the curve as it was (Boehm's insertion).
-            double t = 0.0;
-            evaluator_->zoek_twaarde(punt, t);
-            evaluator_->maak_spline(t);
-            ops_->save();
-        }
+        linkerklik(X, Y);
         doek_.refresh();
         plaats_knopenvenster();
         return;
@@ -55,6 +45,37 @@ void Zwierlijn::Doek_MouseDown(int Button, int, float X, float Y) {
     if (polygon_->graad >= 0.0f) {
         index = toLong(polygon_->zoek_punt(X, Y));
     }
+}
+
+void Zwierlijn::linkerklik(float X, float Y) {
+    Punt punt;
+    punt.vulpunt(X, Y);
+    if (segmenten_per_controlepunt) {
+        kies_segment(X, Y);
+    } else if (controlepunten_per_segment) {
+        double t = 0.0;
+        evaluator_->zoek_twaarde(punt, t);
+        kies_twaarde(t);
+    } else if (!segment) {
+        polygon_->toevoegen(punt);
+    } else {
+        // Spline Punt mode: a knot goes in where the click meets the curve, which gives the
+        // polygon one point more and leaves the curve as it was (Boehm's insertion).
+        double t = 0.0;
+        evaluator_->zoek_twaarde(punt, t);
+        evaluator_->maak_spline(t);
+        ops_->save();
+    }
+}
+
+void Zwierlijn::kies_segment(float X, float Y) {
+    gekozen_index = toLong(polygon_->zoek_punt(X, Y));
+    be_->kleur_segmenten(static_cast<float>(gekozen_index));
+}
+
+void Zwierlijn::kies_twaarde(double t) {
+    gekozen_twaarde = t;
+    be_->kleur_controlepunten(toSingle(gekozen_twaarde));
 }
 
 // An empty polygon has no point to move.
@@ -84,7 +105,8 @@ void Zwierlijn::Doek_MouseUp(int Button, int, float X, float Y) {
     doek_.refresh();
 }
 
-// Background, control points and polygon, the curve (or the blending pane), the knot pane.
+// Background, control points and polygon, the curve (or the blending pane), the derived views
+// over it, the knot pane.
 void Zwierlijn::Doek_Paint() {
     doek_.setBackColour(doekkleur);
     forSingle(0.0f, polygon_->graad, 1.0f, [&](float i) {
@@ -109,7 +131,23 @@ void Zwierlijn::Doek_Paint() {
         meng_.setBackColour(doekkleur);
         meng_.refresh();
     }
+    if (polygon_->orde > 0.0f) {
+        tekenAfgeleid();
+    }
     plaats_knopenvenster();
+}
+
+// The colourings show the last pick, as the click drew it.
+void Zwierlijn::tekenAfgeleid() {
+    if (bezier) {
+        be_->bereken_bezier_notatie();
+    }
+    if (segmenten_per_controlepunt) {
+        be_->kleur_segmenten(static_cast<float>(gekozen_index));
+    }
+    if (controlepunten_per_segment) {
+        be_->kleur_controlepunten(toSingle(gekozen_twaarde));
+    }
 }
 
 void Zwierlijn::Knopen_MouseDown(int, int, float X, float) {

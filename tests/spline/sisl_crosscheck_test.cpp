@@ -1,7 +1,7 @@
 // The evaluator against SISL, an independent B-spline library: curve points by blossoming, Boehm
-// knot insertion and the halving of every segment, for random curves of every order the editor
-// offers, on uniform and open-uniform knot vectors. Curve points are compared in double, before
-// the model rounds them to Single.
+// knot insertion, the halving of every segment and the Bezier form of every segment, for random
+// curves of every order the editor offers, on uniform and open-uniform knot vectors. Curve points
+// are compared in double, before the model rounds them to Single.
 #include <gtest/gtest.h>
 #include <sisl.h>
 
@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "headless_window.h"
+#include "views/beeld.h"
 
 namespace zw {
 namespace {
@@ -33,16 +34,21 @@ int pointCount(HeadlessWindow& w) {
     return static_cast<int>(w.polygoon().graad) + 1;
 }
 
-// The model's curve as a SISL curve: same knots, same coefficients.
-SislCurve toSisl(HeadlessWindow& w) {
+// The model's curve as a SISL curve: same knots, same coefficients. Padded, it has k knots more
+// at each end, below and above all others, with zero coefficients: the same curve on the real
+// range, but with k-fold ends.
+SislCurve toSisl(HeadlessWindow& w, bool padded = false) {
+    const int k = static_cast<int>(w.polygoon().orde), pad = padded ? k : 0;
     std::vector<double> t = w.knots();
-    std::vector<double> coefs;
+    t.insert(t.begin(), pad, t.front() - 1);
+    t.insert(t.end(), pad, t.back() + 1);
+    std::vector<double> coefs(2 * pad, 0.0);
     for (int i = 0; i < pointCount(w); ++i) {
         const Punt& p = w.polygoon().punten(static_cast<float>(i));
         coefs.insert(coefs.end(), {p.X, p.Y});
     }
-    const int k = static_cast<int>(w.polygoon().orde);
-    return {newCurve(pointCount(w), k, t.data(), coefs.data(), 1, 2, 1), freeCurve};
+    coefs.insert(coefs.end(), 2 * pad, 0.0);
+    return {newCurve(pointCount(w) + 2 * pad, k, t.data(), coefs.data(), 1, 2, 1), freeCurve};
 }
 
 SislCurve inserted(SISLCurve* curve, double t) {
@@ -188,6 +194,38 @@ TEST_P(CrossCheck, BlossomGivesTheCurvePointsAndHalvingKeepsThem) {
     // Each insertion rounds its new points to Single; the rounding errors of successive
     // insertions add up at most once per insertion.
     expectCurveMatches(w, original.get(), m * singleUlp(kScale), rng);
+}
+
+// The Bezier notation is one polygon of k points per segment (12 for a cubic of ten knots), each
+// joined to the one before and dotted, the first dot last; each point is SISL's Bezier point
+// (s1730), rounded to Single. s1730 frees memory it does not own on ends that are not k-fold, so
+// it converts the padded curve, whose first k segments lie before the real range. Order 1 has no
+// Bezier form.
+TEST_P(CrossCheck, BezierNotationIsSislsBezierForm) {
+    const int k = static_cast<int>(w.polygoon().orde);
+    const int n = k * w.segments();
+    if (k < 2) {
+        return;
+    }
+    const SislCurve padded = toSisl(w, true);
+    SISLCurve* converted = nullptr;
+    int stat = 0;
+    s1730(padded.get(), &converted, &stat);
+    const SislCurve bezier(converted, freeCurve);
+    Beeld(w).bereken_bezier_notatie();
+    const std::vector<DrawRecord>& log = w.Doek().log();
+    ASSERT_TRUE(stat >= 0 && bezier && log.size() == 2u * n - 1);
+    const auto dot = [&](int i) { return log[i == 0 ? 2 * n - 2 : 2 * i - 1]; };
+    for (int i = 0; i < n; ++i) {
+        const double xy[] = {dot(i).x1, dot(i).y1};
+        for (int d = 0; d < 2; ++d) {
+            const double sisl = bezier->ecoef[2 * (k * k + i) + d];
+            EXPECT_LE(std::abs(xy[d] - sisl), singleUlp(sisl) / 2 + kPointTolerance) << i;
+        }
+        const DrawRecord& leg = log[std::max(0, 2 * i - 2)];
+        EXPECT_TRUE(i == 0 || std::make_tuple(leg.x1, leg.y1, leg.x2, leg.y2) ==
+                                  std::make_tuple(xy[0], xy[1], dot(i - 1).x1, dot(i - 1).y1));
+    }
 }
 
 // A single segment (the Bezier curve), two, and several, for every order the editor offers.

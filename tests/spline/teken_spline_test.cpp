@@ -1,11 +1,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
+#include <iterator>
 #include <random>
 #include <tuple>
 #include <vector>
 
 #include "headless_window.h"
+#include "views/beeld.h"
 
 namespace zw {
 namespace {
@@ -197,9 +200,13 @@ TEST(Mengfuncties, EveryRangeDrawsTheBasisInOneUnbrokenFan) {
     }
 }
 
-// Nothing in the editor draws a coloured run yet; what sets it apart from teken_spline stays
-// checked: the plain step even for order 2, the canvas width, no blending functions, and the close
-// on knot k + 1 blended from points 3 on.
+// What sets a coloured run apart from teken_spline: the plain step even for order 2, the canvas
+// width, no blending functions, and the close on knot k + 1 blended from points 3 on.
+//
+// The colouring views draw such a run and then mark their points. A cubic of seven points (G = 6)
+// has four segments over 0 .. 4: point i acts on segments i - 3 .. i (counted from 0), clamped at 0
+// below and at 4 above; a parameter in the last segment, or at the range's end, which lies in none,
+// marks points 3 .. 6. Too few knots for the order draw no Bezier notation.
 TEST(TekenSpline, InKleurDrawsARunInTheSegmentColourAtTheCanvasWidth) {
     std::mt19937 rng(5);
     HeadlessWindow w;
@@ -218,6 +225,38 @@ TEST(TekenSpline, InKleurDrawsARunInTheSegmentColourAtTheCanvasWidth) {
     for (const DrawRecord& r : lines) {
         ASSERT_EQ(std::make_tuple(r.colour, r.drawWidth), std::make_tuple(w.segmentkleur, 2));
     }
+
+    w.setRandomCurve(rng, 4, 7);
+    w.ControleStraal = 30;
+    Beeld be(w);
+    const std::tuple<std::function<void()>, float, float, std::vector<float>> views[] = {
+        {[&] { be.kleur_segmenten(0); }, 0, 1, {0}},
+        {[&] { be.kleur_segmenten(6); }, 3, 4, {6}},
+        {[&] { be.kleur_controlepunten(3.5f); }, 3, 4, {3, 4, 5, 6}},
+        {[&] { be.kleur_controlepunten(4.0f); }, 3, 4, {3, 4, 5, 6}},
+    };
+    const auto fields = [](const std::vector<DrawRecord>& log) {
+        std::vector<decltype(fieldsOf(DrawRecord{}))> f;
+        std::transform(log.begin(), log.end(), std::back_inserter(f), fieldsOf);
+        return f;
+    };
+    for (const auto& [view, begin, eind, marked] : views) {
+        w.Doek().cls();
+        w.evaluator().teken_spline_in_kleur(begin, eind);
+        std::vector<DrawRecord> expected = w.Doek().log();
+        for (const float i : marked) {
+            const Punt& p = w.polygoon().punten(i);
+            expected.push_back({DrawKind::kCircle, p.X, p.Y, 0, 0, 30, w.segmentkleur, 2,
+                                kFillTransparent, w.segmentkleur});
+        }
+        w.Doek().cls();
+        view();
+        EXPECT_EQ(fields(w.Doek().log()), fields(expected)) << begin << " .. " << eind;
+    }
+    w.setRandomCurve(rng, 4, 2);  // no segment: no Bezier notation either
+    w.Doek().cls();
+    be.bereken_bezier_notatie();
+    EXPECT_TRUE(w.Doek().log().empty());
 }
 
 TEST(TekenSpline, FaultsRaiseRunTimeErrors) {

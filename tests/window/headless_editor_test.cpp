@@ -52,6 +52,51 @@ TEST(HeadlessEditor, HelftShowsTheKnotPointsAndChecksTheirItem) {
     EXPECT_EQ(e.w.polygoon().graad, 5.0f);  // two segments, each split once
 }
 
+// Each picking mode: turned on, it turns the other off, mark and all, and draws nothing yet; a
+// left click picks and colours instead of adding a point, and records no version; the redraw
+// marks the pick (point 3, or the points 1 .. 4 of segment 2, nearest the click); a second click
+// on the item redraws without colour. "Nieuw" clears the views and their marks.
+TEST(HeadlessEditor, ViewsAndPickingModesFollowTheirItems) {
+    Editor e;
+    HeadlessEditor& w = e.w;
+    setCurve(w, 4, {{1000, 1000}, {3000, 6000}, {5000, 1500}, {7000, 6500}, {9000, 2000}});
+    w.Doek().setLogging(true);
+    const auto discs = [&](Colour c) {
+        std::vector<double> x;  // the points' x are distinct
+        for (const DrawRecord& r : w.Doek().log()) {
+            if (r.colour == c && r.kind == DrawKind::kCircle) {
+                x.push_back(r.x1);
+            }
+        }
+        return x;
+    };
+    const char* items[] = {"mntBeeldSegmentperControl", "mntBeeldControlperSegment"};
+    const std::vector<double> picked[] = {{7000}, {3000, 5000, 7000, 9000}};
+    for (int m = 0; m < 2; ++m) {
+        w.Doek().refresh();
+        const std::size_t drawn = w.Doek().log().size();
+        const float versie = w.ops().versie;
+        w.klik(items[m]);
+        EXPECT_TRUE(w.Doek().log().size() == drawn && w.menus().vinkje(items[m]) &&
+                    !w.menus().vinkje(items[1 - m]) && w.segmenten_per_controlepunt == (m == 0));
+        w.Doek_MouseDown(1, 0, 7100, 6400);
+        EXPECT_TRUE(w.polygoon().graad == 4.0f && w.ops().versie == versie);
+        EXPECT_EQ(discs(w.segmentkleur), picked[m]);
+    }
+    w.klik(items[1]);
+    EXPECT_TRUE(discs(w.segmentkleur).empty() && !w.controlepunten_per_segment &&
+                !w.menus().vinkje(items[1]));
+    w.klik("mntBeeldBezier");
+    EXPECT_EQ(discs(w.Bezierkleur).size(), 8u);
+    for (const char* item : {items[0], "mntBeeldMengFuncties", "mntBestandNieuw"}) {
+        w.klik(item);
+    }
+    for (const char* item : {"mntBeeldBezier", items[0], "mntBeeldMengFuncties"}) {
+        EXPECT_FALSE(w.menus().vinkje(item)) << item;
+    }
+    EXPECT_FALSE(w.knoppen().vinkje("Mengfuncties"));
+}
+
 // A curve of five points whose knots lie `afstand` apart, saved in the editor's directory.
 std::string verreKromme(Editor& e, double afstand) {
     std::mt19937 rng(3);
