@@ -11,6 +11,7 @@
 #include "platform/numeric.h"
 #include "platform/runtime_error.h"
 #include "platform/strokes.h"
+#include "platform/vector_target.h"
 #include "platform/werk.h"
 
 namespace zw {
@@ -265,6 +266,9 @@ void Surface::cls() {
     werk(static_cast<std::uint64_t>(pixelWidth_) * static_cast<std::uint64_t>(pixelHeight_));
     if (!image_.isNull()) {
         image_.fill(toQColor(backColour_));
+        if (target_ != nullptr) {
+            target_->clear(toQColor(backColour_));
+        }
     }
     log_.clear();
     notifyImageChanged();
@@ -530,6 +534,9 @@ void Surface::circle(double x, double y, double radius, Colour colour) {
     if (!image_.isDetached()) {
         finishPainting();
     }
+    if (target_ != nullptr) {
+        target_->circle(centre, pixelRadius, style);
+    }
     if (!batch_->discs.paint(image_, centre, pixelRadius, style)) {
         QPainter& p = painter();
         DiscSprites::setStyle(p, style);
@@ -570,6 +577,9 @@ void Surface::flush() const {
         b.points.clear();
         b.stroke.appendTo(b.points);
         paintPolyline(image_, b.points, toQColor(b.colour), b.width);
+        if (target_ != nullptr) {
+            target_->polyline(b.points, toQColor(b.colour), b.width);
+        }
         b.stroke.release();
         b.kept = 0;
         return;
@@ -581,7 +591,11 @@ void Surface::flush() const {
         if (f.fedX != b.fanPx) {
             b.points.emplace_back(b.fanPx, f.line.newest().y());
         }
-        paintPolyline(image_, b.points, toQColor(b.palette[i % b.palette.size()]), b.width);
+        const QColor colour = toQColor(b.palette[i % b.palette.size()]);
+        paintPolyline(image_, b.points, colour, b.width);
+        if (target_ != nullptr) {
+            target_->polyline(b.points, colour, b.width);
+        }
         f.line.release();
     }
     b.kept = 0;
