@@ -22,8 +22,16 @@ void VectorTarget::circle(QPointF centre, double radius, const DiscSprites::Styl
 
 // The screen paints a run of lines segment by segment with square caps; one path with round
 // joins looks the same at its ends and smoother at its bends, and a viewer draws it in one go.
+// The points are moved rather than the painter, so that a vector file holds them where they are
+// seen.
 void VectorTarget::paint(QPainter& painter, const QRectF& area) const {
+    const QPointF offset = area.topLeft();
+    std::vector<QPointF> points;
     for (const Item& item : items_) {
+        points.clear();
+        for (const QPointF& p : item.points) {
+            points.push_back(p + offset);
+        }
         switch (item.kind) {
             case Kind::kBackground:
                 painter.fillRect(area, item.colour);
@@ -32,16 +40,16 @@ void VectorTarget::paint(QPainter& painter, const QRectF& area) const {
                 painter.setPen(
                     QPen(item.colour, item.width, Qt::SolidLine, Qt::SquareCap, Qt::RoundJoin));
                 painter.setBrush(Qt::NoBrush);
-                if (item.points.size() == 1) {
+                if (points.size() == 1) {
                     // A line of no length still shows its square cap.
-                    painter.drawLine(item.points[0], item.points[0]);
+                    painter.drawLine(points[0], points[0]);
                 } else {
-                    painter.drawPolyline(item.points.data(), static_cast<int>(item.points.size()));
+                    painter.drawPolyline(points.data(), static_cast<int>(points.size()));
                 }
                 break;
             case Kind::kCircle:
                 DiscSprites::setStyle(painter, item.style);
-                painter.drawEllipse(item.points[0], item.radius, item.radius);
+                painter.drawEllipse(points[0], item.radius, item.radius);
                 break;
         }
     }

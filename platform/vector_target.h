@@ -24,7 +24,7 @@ class VectorTarget {
     void circle(QPointF centre, double radius, const DiscSprites::Style& style);
 
     bool empty() const { return items_.empty(); }
-    // Paints everything, a background over `area`, on the painter's current coordinates.
+    // Paints everything with the surface's top left at the area's, a background over the area.
     void paint(QPainter& painter, const QRectF& area) const;
 
   private:

@@ -82,8 +82,7 @@ void schilder(const Tekening& t, QPainter& p) {
     }
     p.save();
     p.setClipRect(t.mengvak);
-    p.translate(t.mengvak.topLeft());
-    t.meng.paint(p, QRectF(QPointF(0, 0), QSizeF(t.mengvak.size())));
+    t.meng.paint(p, QRectF(t.mengvak));
     p.restore();
 }
 
