@@ -3,6 +3,7 @@
 #include <QBuffer>
 #include <QByteArray>
 #include <QFile>
+#include <QFont>
 #include <QImage>
 #include <QPageSize>
 #include <QPainter>
@@ -29,6 +30,8 @@ constexpr qreal kPngVerhouding = 2.0;
 constexpr double kInchesPerMeter = 1.0 / 0.0254;
 // As much as the surfaces allow themselves (256 MB).
 constexpr qint64 kMaxPngPixels = 64 * 1024 * 1024;
+
+constexpr int kPuntgrootte = 10;
 
 const char kTitel[] = "Zwierlijn";
 const char kBeschrijving[] = "Een B-spline-kromme, getekend met Zwierlijn";
@@ -76,6 +79,9 @@ void teken(Zwierlijn& w, Tekening& t) {
 // own rectangle.
 void schilder(const Tekening& t, QPainter& p) {
     p.setRenderHint(QPainter::Antialiasing);
+    // Nothing is written, but an SVG names the painter's font: one fixed font makes the file the
+    // same whether a program has a desktop's fonts or none.
+    p.setFont(QFont(QStringLiteral("sans-serif"), kPuntgrootte));
     t.doek.paint(p, QRectF(QPointF(0, 0), QSizeF(t.grootte)));
     if (t.mengvak.isEmpty() || t.meng.empty()) {
         return;
