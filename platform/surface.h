@@ -137,10 +137,10 @@ class Surface {
     void setLogging(bool on);
     bool logging() const { return logging_; }
     const std::vector<DrawRecord>& log() const { return log_; }
-    // While a target is attached, every background, line run and circle painted into the image
-    // is handed to it as well, in logical pixels; none detaches it. The target must outlive its
-    // attachment.
-    void setVectorTarget(VectorTarget* target) { target_ = target; }
+    // While a target is attached, every background, line run and circle goes to it, in logical
+    // pixels, instead of into the image: a drawing can be taken without touching what the
+    // screen shows. None detaches it. The target must outlive its attachment.
+    void setVectorTarget(VectorTarget* target);
 
     // The raster so far. Drawing keeps one painter open across primitives; asking for the image
     // finishes it.

@@ -16,8 +16,9 @@ enum class Afbeeldingsoort { kSvg, kPdf, kPng };
 // for any other name.
 Afbeeldingsoort afbeeldingsoort(const std::string& bestand);
 
-// Redraws the canvas once, as its own refresh would, and writes what it drew to the file. The
-// curve, the history, the view and every mark stay as they were. A canvas without pixels raises
+// Draws the canvas once more, as its own refresh would, into the figure only, and writes it to
+// the file. The curve, the history, the view (the screen's picture too) and every mark stay as
+// they were. A canvas without pixels raises
 // error 5; a file that cannot be written, its classic error (75, 76, or 61 when it is cut short).
 void exporteerAfbeelding(Zwierlijn& venster, const std::string& bestand);
 
