@@ -11,6 +11,7 @@
 #include "platform/numeric.h"
 #include "platform/runtime_error.h"
 #include "platform/strokes.h"
+#include "platform/vector_target.h"
 #include "platform/werk.h"
 
 namespace zw {
@@ -263,7 +264,9 @@ void Surface::cls() {
     discard();
     finishPainting();
     werk(static_cast<std::uint64_t>(pixelWidth_) * static_cast<std::uint64_t>(pixelHeight_));
-    if (!image_.isNull()) {
+    if (target_ != nullptr && !image_.isNull()) {
+        target_->clear(toQColor(backColour_));
+    } else if (!image_.isNull()) {
         image_.fill(toQColor(backColour_));
     }
     log_.clear();
@@ -296,6 +299,12 @@ void Surface::logPrimitive(DrawKind kind, double x1, double y1, double x2, doubl
     if (logging_) {
         log_.push_back({kind, x1, y1, x2, y2, radius, colour, drawWidth_, fillStyle_, fillColour_});
     }
+}
+
+// Lines still open belong to what was drawn before: they are painted where that went.
+void Surface::setVectorTarget(VectorTarget* target) {
+    flush();
+    target_ = target;
 }
 
 void Surface::setLogging(bool on) {
@@ -526,6 +535,10 @@ void Surface::circle(double x, double y, double radius, Colour colour) {
     const bool filled = fillStyle_ == kFillSolid;
     const DiscSprites::Style style{opaque(colour), drawWidth_, filled,
                                    filled ? opaque(fillColour_) : 0u};
+    if (target_ != nullptr) {
+        target_->circle(centre, pixelRadius, style);
+        return;
+    }
     // Copied straight into the pixels, which must be this surface's alone (see flush).
     if (!image_.isDetached()) {
         finishPainting();
@@ -569,7 +582,11 @@ void Surface::flush() const {
     if (kind == Batch::Kind::kStroke) {
         b.points.clear();
         b.stroke.appendTo(b.points);
-        paintPolyline(image_, b.points, toQColor(b.colour), b.width);
+        if (target_ != nullptr) {
+            target_->polyline(b.points, toQColor(b.colour), b.width);
+        } else {
+            paintPolyline(image_, b.points, toQColor(b.colour), b.width);
+        }
         b.stroke.release();
         b.kept = 0;
         return;
@@ -581,7 +598,12 @@ void Surface::flush() const {
         if (f.fedX != b.fanPx) {
             b.points.emplace_back(b.fanPx, f.line.newest().y());
         }
-        paintPolyline(image_, b.points, toQColor(b.palette[i % b.palette.size()]), b.width);
+        const QColor colour = toQColor(b.palette[i % b.palette.size()]);
+        if (target_ != nullptr) {
+            target_->polyline(b.points, colour, b.width);
+        } else {
+            paintPolyline(image_, b.points, colour, b.width);
+        }
         f.line.release();
     }
     b.kept = 0;

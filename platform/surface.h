@@ -29,6 +29,8 @@ class QPainter;
 
 namespace zw {
 
+class VectorTarget;
+
 // The screen's twips: 1440 to the inch at 96 logical pixels to the inch.
 constexpr double kTwipsPerPixel = 15.0;
 
@@ -135,6 +137,11 @@ class Surface {
     void setLogging(bool on);
     bool logging() const { return logging_; }
     const std::vector<DrawRecord>& log() const { return log_; }
+    // While a target is attached, every background, line run and circle goes to it, in logical
+    // pixels, instead of into the image: a drawing can be taken without touching what the
+    // screen shows. None detaches it. The target must outlive its attachment.
+    void setVectorTarget(VectorTarget* target);
+
     // The raster so far. Drawing keeps one painter open across primitives; asking for the image
     // finishes it.
     const QImage& image() const;
@@ -229,6 +236,7 @@ class Surface {
     Colour fillColour_ = kBlack;
     bool logging_ = false;
     std::vector<DrawRecord> log_;
+    VectorTarget* target_ = nullptr;
     // Lines collected and not yet painted, and the disc images; see surface.cpp.
     struct Batch;
     std::unique_ptr<Batch> batch_;

@@ -6,7 +6,6 @@
 #include <utility>
 #include <vector>
 
-
 namespace zw {
 
 namespace {
@@ -64,6 +63,9 @@ const MenuEntry kTree[] = {
     {"mntbeeldsleepdetail", "Gedetaileerd slepen", 1, true},
     {"mntbeeldli", "-", 1, false},
     {"mntBeeldKleuren", "&Kleuren", 1, false},
+    // Beyond the classic tree, after it so that its menus keep their places and keys.
+    {"mntExtra", "E&xtra", 0, false},
+    {"mntExtraExporteren", "&Exporteren...", 1, false},
 };
 
 }  // namespace

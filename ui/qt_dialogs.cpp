@@ -6,6 +6,7 @@
 #include <QEventLoop>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QRegularExpression>
 #include <QStringList>
 
 #include "platform/runtime_error.h"
@@ -47,6 +48,14 @@ QString qtSuffix(const std::string& extension) {
         suffix.remove(0, 1);
     }
     return suffix;
+}
+
+// The extension a filter of one plain pattern stands for: "PNG-afbeelding (*.png)" -> "png";
+// none for "*.*" or for several patterns.
+QString filterSuffix(const QString& filter) {
+    static const QRegularExpression eenPatroon(QStringLiteral("\\(\\*\\.(\\w+)\\)$"));
+    const QRegularExpressionMatch m = eenPatroon.match(filter);
+    return m.hasMatch() ? m.captured(1) : QString();
 }
 
 // Ends a modal show's event loop once the window is hidden for good (not merely minimised).
@@ -109,6 +118,13 @@ std::string QtDialogs::fileName(const FileDialogRequest& request, bool save) {
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog.setDefaultSuffix(qtSuffix(request.defaultExtension));
+    // A name typed without extension gets the one of the kind the user chose, if it has one.
+    const QString standaard = qtSuffix(request.defaultExtension);
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
+                     [&dialog, standaard](const QString& filter) {
+                         const QString suffix = filterSuffix(filter);
+                         dialog.setDefaultSuffix(suffix.isEmpty() ? standaard : suffix);
+                     });
     if (dialog.exec() != QDialog::Accepted) {
         return {};
     }

@@ -105,6 +105,8 @@ class Zwierlijn : public MainWindow {
     void mntBewerkenWavelet_Click();
     void mntBewerkenUndo_Click();
     void mntBewerkenRedo_Click();
+    // A figure of what the canvas shows now, as SVG, PDF or PNG (window/afbeelding.h).
+    void mntExtraExporteren_Click();
     // The menu item of a name, as a click on it; false for a name that has no handler.
     bool klik(const std::string& naam);
     // The toolbar's click, by the clicked button's key.

@@ -12,6 +12,7 @@
 #include "storage/opslag.h"
 #include "wavelet/wavelet.h"
 #include "weights/gewichten_form.h"
+#include "window/afbeelding.h"
 
 namespace zw {
 
@@ -52,6 +53,21 @@ void Zwierlijn::mntBestandOpslaan_Click() {
 
 void Zwierlijn::mntBestandExit_Click() {
     sluit_af();
+}
+
+// --- Extra -------------------------------------------------------------------------------------
+
+// Records no version: a figure changes nothing of the drawing.
+void Zwierlijn::mntExtraExporteren_Click() {
+    FileDialogRequest vraag;
+    vraag.filter =
+        "SVG-afbeelding (*.svg)|*.svg|PDF-document (*.pdf)|*.pdf|PNG-afbeelding (*.png)|*.png";
+    vraag.defaultExtension = ".svg";
+    vraag.title = "Afbeelding exporteren";
+    const std::string bestand = dialogs_.saveFileName(vraag);
+    if (!bestand.empty()) {
+        exporteerAfbeelding(*this, bestand);
+    }
 }
 
 // --- Bewerken ----------------------------------------------------------------------------------
@@ -152,6 +168,7 @@ bool Zwierlijn::klik(const std::string& naam) {
         {"mntbeeldsleepdetail", &Zwierlijn::mntbeeldsleepdetail_Click},
         {"mntBeeldGewichten", &Zwierlijn::mntBeeldGewichten_Click},
         {"mntBeeldKleuren", &Zwierlijn::mntBeeldKleuren_Click},
+        {"mntExtraExporteren", &Zwierlijn::mntExtraExporteren_Click},
     };
     for (const auto& [item, handler] : handlers) {
         if (naam == item) {

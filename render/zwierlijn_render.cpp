@@ -1,0 +1,340 @@
+// zwierlijn-render: a saved curve as a figure, drawn by the editor's own window without a screen.
+// The curve is opened, the views are switched on through the same menu commands a person would
+// choose, and the canvas is exported as "Extra > Exporteren..." exports it.
+//
+// Exit status: 0 done, 1 a run-time error of the drawing (its text on stderr), 2 bad arguments or
+// a file that cannot be read.
+#include <QTemporaryDir>
+#include <cerrno>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <optional>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "geometry/coordinaten.h"
+#include "knots/knoop_vector.h"
+#include "platform/event_guard.h"
+#include "platform/files.h"
+#include "platform/numeric.h"
+#include "platform/scripted_dialogs.h"
+#include "window/afbeelding.h"
+#include "window/headless_editor.h"
+
+namespace {
+
+const char kGebruik[] =
+    "Gebruik: zwierlijn-render KROMME.zwl UIT.svg|UIT.pdf|UIT.png [opties]\n"
+    "Tekent een opgeslagen kromme zoals het doek van de editor haar toont.\n"
+    "\n"
+    "  --grootte BxH           het doek in pixels (standaard 1200x800); een PNG wordt twee\n"
+    "                          keer zo groot\n"
+    "  --detail NIVEAU         low, normaal of high (standaard high)\n"
+    "  --knooppunten aan|uit   de knooppunten op de kromme (standaard aan)\n"
+    "  --bezier                de Bezier-notatie van elk segment\n"
+    "  --mengfuncties          de mengfuncties in de rechterbovenhoek van het doek\n"
+    "  --segmenten N           de segmenten van controlepunt N (het eerste is 0) in kleur\n"
+    "  --controlepunten T      de controlepunten van het segment van parameter T in kleur\n"
+    "  --instellingen BESTAND  kleuren en straal uit dit instellingenbestand; zonder deze optie\n"
+    "                          uit het bestand \"zwierlijn\" naast het programma, anders de\n"
+    "                          standaardinstellingen\n"
+    "  --help                  deze tekst\n"
+    "\n"
+    "Afsluitcode: 0 gelukt, 1 fout tijdens het tekenen, 2 verkeerde argumenten of een bestand\n"
+    "dat niet te lezen is.\n";
+
+constexpr int kFoutTekenen = 1;
+constexpr int kFoutGebruik = 2;
+constexpr int kMaxZijde = 8192;
+
+// A wrong argument or an unreadable file: its one-line message goes to stderr.
+struct Gebruiksfout {
+    std::string tekst;
+};
+
+struct Opties {
+    std::string kromme;
+    std::string uit;
+    std::string instellingen;
+    int breedte = 1200;
+    int hoogte = 800;
+    const char* detail = "mntBeeldDetailHigh";
+    bool knooppunten = true;
+    bool bezier = false;
+    bool mengfuncties = false;
+    std::optional<long> segmentenVan;
+    std::optional<double> twaarde;
+};
+
+long geheel(const std::string& tekst, const std::string& optie) {
+    errno = 0;
+    char* eind = nullptr;
+    const long waarde = std::strtol(tekst.c_str(), &eind, 10);
+    if (tekst.empty() || *eind != '\0' || errno != 0) {
+        throw Gebruiksfout{optie + " verwacht een geheel getal, niet \"" + tekst + "\""};
+    }
+    return waarde;
+}
+
+double getal(const std::string& tekst, const std::string& optie) {
+    char* eind = nullptr;
+    const double waarde = std::strtod(tekst.c_str(), &eind);
+    if (tekst.empty() || *eind != '\0' || !std::isfinite(waarde)) {
+        throw Gebruiksfout{optie + " verwacht een getal, niet \"" + tekst + "\""};
+    }
+    return waarde;
+}
+
+void leesGrootte(const std::string& tekst, Opties& o) {
+    const std::size_t x = tekst.find('x');
+    const std::string fout = "--grootte verwacht BREEDTExHOOGTE in pixels, van 1 tot " +
+                             std::to_string(kMaxZijde) + ", niet \"" + tekst + "\"";
+    if (x == std::string::npos) {
+        throw Gebruiksfout{fout};
+    }
+    const long b = geheel(tekst.substr(0, x), "--grootte");
+    const long h = geheel(tekst.substr(x + 1), "--grootte");
+    if (b < 1 || h < 1 || b > kMaxZijde || h > kMaxZijde) {
+        throw Gebruiksfout{fout};
+    }
+    o.breedte = static_cast<int>(b);
+    o.hoogte = static_cast<int>(h);
+}
+
+const char* detailItem(const std::string& niveau) {
+    if (niveau == "low") {
+        return "mntBeeldDetailLow";
+    }
+    if (niveau == "normaal") {
+        return "mntBeeldDetailNormaal";
+    }
+    if (niveau == "high") {
+        return "mntBeeldDetailHigh";
+    }
+    throw Gebruiksfout{"--detail verwacht low, normaal of high, niet \"" + niveau + "\""};
+}
+
+bool aanUit(const std::string& tekst) {
+    if (tekst == "aan" || tekst == "uit") {
+        return tekst == "aan";
+    }
+    throw Gebruiksfout{"--knooppunten verwacht aan of uit, niet \"" + tekst + "\""};
+}
+
+// The option's value, the argument after it.
+std::string waarde(const std::vector<std::string>& args, std::size_t& i) {
+    if (i + 1 >= args.size()) {
+        throw Gebruiksfout{args[i] + " verwacht een waarde"};
+    }
+    return args[++i];
+}
+
+void leesOptie(const std::vector<std::string>& args, std::size_t& i, Opties& o) {
+    const std::string& a = args[i];
+    if (a == "--grootte") {
+        leesGrootte(waarde(args, i), o);
+    } else if (a == "--detail") {
+        o.detail = detailItem(waarde(args, i));
+    } else if (a == "--knooppunten") {
+        o.knooppunten = aanUit(waarde(args, i));
+    } else if (a == "--bezier") {
+        o.bezier = true;
+    } else if (a == "--mengfuncties") {
+        o.mengfuncties = true;
+    } else if (a == "--segmenten") {
+        o.segmentenVan = geheel(waarde(args, i), a);
+    } else if (a == "--controlepunten") {
+        o.twaarde = getal(waarde(args, i), a);
+    } else if (a == "--instellingen") {
+        o.instellingen = waarde(args, i);
+    } else {
+        throw Gebruiksfout{"onbekende optie " + a + " (zie --help)"};
+    }
+}
+
+Opties leesOpties(const std::vector<std::string>& args) {
+    Opties o;
+    std::vector<std::string> bestanden;
+    for (std::size_t i = 0; i < args.size(); ++i) {
+        if (args[i].rfind("--", 0) == 0) {
+            leesOptie(args, i, o);
+        } else {
+            bestanden.push_back(args[i]);
+        }
+    }
+    if (bestanden.size() != 2) {
+        throw Gebruiksfout{"verwacht een kromme en een uitvoerbestand (zie --help)"};
+    }
+    if (o.segmentenVan && o.twaarde) {
+        throw Gebruiksfout{"--segmenten en --controlepunten gaan niet samen"};
+    }
+    o.kromme = bestanden[0];
+    o.uit = bestanden[1];
+    return o;
+}
+
+bool leesbaar(const std::string& bestand) {
+    std::error_code ec;
+    return std::filesystem::is_regular_file(bestand, ec) &&
+           std::ifstream(bestand, std::ios::binary).good();
+}
+
+void controleerBestanden(const Opties& o) {
+    if (!leesbaar(o.kromme)) {
+        throw Gebruiksfout{"kan de kromme " + o.kromme + " niet lezen"};
+    }
+    if (!o.instellingen.empty() && !leesbaar(o.instellingen)) {
+        throw Gebruiksfout{"kan het instellingenbestand " + o.instellingen + " niet lezen"};
+    }
+    try {
+        zw::afbeeldingsoort(o.uit);
+    } catch (const zw::RuntimeError&) {
+        throw Gebruiksfout{"het uitvoerbestand " + o.uit + " eindigt niet op .svg, .pdf of .png"};
+    }
+    const std::filesystem::path map = std::filesystem::path(o.uit).parent_path();
+    std::error_code ec;
+    if (!map.empty() && !std::filesystem::is_directory(map, ec)) {
+        throw Gebruiksfout{"de map " + map.string() + " bestaat niet"};
+    }
+}
+
+// The picks refer to the opened curve: a control point it has, a parameter in its range.
+void controleerKeuzes(const Opties& o, zw::HeadlessEditor& w) {
+    const float n = w.polygoon().graad;
+    if (o.segmentenVan && (*o.segmentenVan < 0 || static_cast<double>(*o.segmentenVan) > n)) {
+        throw Gebruiksfout{"--segmenten: de kromme heeft de controlepunten 0 tot en met " +
+                           std::to_string(zw::toLong(n))};
+    }
+    const float k = w.polygoon().orde;
+    if (!o.twaarde || k <= 0.0f) {
+        return;
+    }
+    const float L = w.vec().knopenlengte;
+    const double van = w.vec().knoop(zw::addSingle(k, -1.0f));
+    const double tot = w.vec().knoop(zw::addSingle(L, -k));
+    if (*o.twaarde < van || *o.twaarde > tot) {
+        std::ostringstream bereik;
+        bereik << "--controlepunten: de parameter ligt van " << van << " tot " << tot;
+        throw Gebruiksfout{bereik.str()};
+    }
+}
+
+// The run-time error's message box text on one line.
+std::string alsRegel(std::string tekst) {
+    for (std::size_t p; (p = tekst.find("\n\n")) != std::string::npos;) {
+        tekst.replace(p, 2, " ");
+    }
+    for (char& c : tekst) {
+        c = c == '\n' ? ' ' : c;
+    }
+    return tekst;
+}
+
+class Renderer {
+  public:
+    explicit Renderer(const Opties& o) : o_(o) {}
+
+    int run() {
+        if (!map_.isValid()) {
+            throw Gebruiksfout{"kan geen tijdelijke map maken"};
+        }
+        // A copy: the history goes to a temporary directory, never beside the program, and the
+        // curve is read even where it cannot be written.
+        const std::string kopie = map_.filePath(QStringLiteral("kromme.zwl")).toStdString();
+        std::error_code ec;
+        if (!std::filesystem::copy_file(o_.kromme, kopie, ec)) {
+            throw Gebruiksfout{"kan de kromme " + o_.kromme + " niet lezen"};
+        }
+        const bool gelukt = stap([&] {
+            w_ = std::make_unique<zw::HeadlessEditor>(map_.path().toStdString(), dialogs_,
+                                                      o_.breedte, o_.hoogte, instellingen());
+            w_->start();
+            dialogs_.queueFileName(kopie);
+            w_->klik("mntBestandOpenen");
+        });
+        if (!gelukt) {
+            return kFoutTekenen;
+        }
+        controleerKeuzes(o_, *w_);
+        return zetBeeld() && stap([&] { zw::exporteerAfbeelding(*w_, o_.uit); }) ? 0 : kFoutTekenen;
+    }
+
+  private:
+    std::string instellingen() const {
+        return o_.instellingen.empty() ? zw::executableDirectory() + "/zwierlijn" : o_.instellingen;
+    }
+
+    // The views, as the menu commands set them; the picks as a click would have made them.
+    bool zetBeeld() {
+        std::vector<const char*> items;
+        if (o_.detail != std::string("mntBeeldDetailHigh")) {
+            items.push_back(o_.detail);
+        }
+        if (!o_.knooppunten) {
+            items.push_back("mntBeeldKnooppunten");
+        }
+        if (o_.bezier) {
+            items.push_back("mntBeeldBezier");
+        }
+        if (o_.mengfuncties) {
+            items.push_back("mntBeeldMengFuncties");
+        }
+        if (o_.segmentenVan) {
+            items.push_back("mntBeeldSegmentperControl");
+            w_->gekozen_index = static_cast<std::int32_t>(*o_.segmentenVan);
+        }
+        if (o_.twaarde) {
+            items.push_back("mntBeeldControlperSegment");
+            w_->gekozen_twaarde = *o_.twaarde;
+        }
+        for (const char* item : items) {
+            if (!stap([&] { w_->klik(item); })) {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    // One action, as the editor runs it; its error is reported on stderr.
+    template <typename F>
+    bool stap(F&& actie) {
+        if (guard_.run(actie)) {
+            return true;
+        }
+        const std::string tekst =
+            dialogs_.messages().empty() ? "onbekende fout" : dialogs_.messages().back().text;
+        std::fprintf(stderr, "zwierlijn-render: %s\n", alsRegel(tekst).c_str());
+        return false;
+    }
+
+    const Opties& o_;
+    QTemporaryDir map_;
+    zw::ScriptedDialogs dialogs_;
+    zw::EventGuard guard_{dialogs_};
+    std::unique_ptr<zw::HeadlessEditor> w_;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const std::vector<std::string> args(argv + 1, argv + argc);
+    for (const std::string& a : args) {
+        if (a == "--help" || a == "-h") {
+            std::fputs(kGebruik, stdout);
+            return 0;
+        }
+    }
+    try {
+        const Opties o = leesOpties(args);
+        controleerBestanden(o);
+        return Renderer(o).run();
+    } catch (const Gebruiksfout& fout) {
+        std::fprintf(stderr, "zwierlijn-render: %s\n", fout.tekst.c_str());
+        return kFoutGebruik;
+    }
+}
