@@ -96,20 +96,16 @@ miniatuur() {
     for grootte in 128 256; do
         local opdracht=()
         for arg in $(sed -n 's/^Exec=//p' "$entry"); do
-            case $arg in
-                %i) opdracht+=("$(dirname "$0")/../../docs/voorbeeld.zwl") ;;
-                %o) opdracht+=("$t/miniatuur-$grootte") ;;
-                %s) opdracht+=("$grootte") ;;
-                /*) [ ${#opdracht[@]} -eq 0 ] && arg=$root$arg; opdracht+=("$arg") ;;
-                *) opdracht+=("$arg") ;;
-            esac
+            arg=${arg//%i/$(dirname "$0")/../../docs/voorbeeld.zwl}
+            arg=${arg//%o/$t/miniatuur-$grootte}
+            opdracht+=("${arg//%s/$grootte}")
         done
+        opdracht[0]=$root${opdracht[0]}
         "${opdracht[@]}"
         # The PNG's signature, then its width and height from the header.
         local kop
-        kop=$(od -An -tu1 -N24 "$t/miniatuur-$grootte" | tr -s ' \n' ' ')
-        [[ $kop == " 137 80 78 71 13 10 26 10 "* ]] || fail "geen PNG"
-        read -r -a kop <<<"$kop"
+        read -r -a kop <<<"$(od -An -tu1 -N24 "$t/miniatuur-$grootte" | tr '\n' ' ')"
+        [ "${kop[*]:0:8}" = "137 80 78 71 13 10 26 10" ] || fail "geen PNG"
         local b=$((kop[18] * 256 + kop[19])) h=$((kop[22] * 256 + kop[23]))
         [ "$b" -eq "$grootte" ] && [ "$h" -gt 0 ] && [ "$h" -le "$grootte" ] ||
             fail "miniatuur van ${b}x$h voor $grootte"
