@@ -11,7 +11,8 @@
 # The editor makes "undoredo" there itself.
 #
 # Every file is written under a temporary name and renamed, so an interrupted start never leaves
-# half an executable behind. Any failure ends with one line on stderr and status 1.
+# half an executable behind, and an editor still running keeps the file it started from. Any
+# failure ends with one line on stderr and status 1.
 set -u
 
 fout() {
