@@ -4,6 +4,7 @@
 //
 // Exit status: 0 done, 1 a run-time error of the drawing (its text on stderr), 2 bad arguments or
 // a file that cannot be read.
+#include <QImage>
 #include <QTemporaryDir>
 #include <cerrno>
 #include <cmath>
@@ -43,6 +44,8 @@ const char kGebruik[] =
     "  --instellingen BESTAND  kleuren en straal uit dit instellingenbestand; zonder deze optie\n"
     "                          uit het bestand \"zwierlijn\" naast het programma, anders de\n"
     "                          standaardinstellingen\n"
+    "  --miniatuur N           een miniatuur voor bestandsbeheerders: de PNG verkleind tot\n"
+    "                          hoogstens NxN pixels, altijd als PNG, hoe UIT ook heet\n"
     "  --help                  deze tekst\n"
     "\n"
     "Afsluitcode: 0 gelukt, 1 fout tijdens het tekenen, 2 verkeerde argumenten of een bestand\n"
@@ -69,6 +72,7 @@ struct Opties {
     bool mengfuncties = false;
     std::optional<long> segmentenVan;
     std::optional<double> twaarde;
+    std::optional<int> miniatuur;
 };
 
 long geheel(const std::string& tekst, const std::string& optie) {
@@ -152,6 +156,13 @@ void leesOptie(const std::vector<std::string>& args, std::size_t& i, Opties& o) 
         o.twaarde = getal(waarde(args, i), a);
     } else if (a == "--instellingen") {
         o.instellingen = waarde(args, i);
+    } else if (a == "--miniatuur") {
+        const long n = geheel(waarde(args, i), a);
+        if (n < 1 || n > kMaxZijde) {
+            throw Gebruiksfout{"--miniatuur verwacht een aantal pixels van 1 tot " +
+                               std::to_string(kMaxZijde)};
+        }
+        o.miniatuur = static_cast<int>(n);
     } else {
         throw Gebruiksfout{"onbekende optie " + a + " (zie --help)"};
     }
@@ -192,7 +203,9 @@ void controleerBestanden(const Opties& o) {
         throw Gebruiksfout{"kan het instellingenbestand " + o.instellingen + " niet lezen"};
     }
     try {
-        zw::afbeeldingsoort(o.uit);
+        if (!o.miniatuur) {
+            zw::afbeeldingsoort(o.uit);
+        }
     } catch (const zw::RuntimeError&) {
         throw Gebruiksfout{"het uitvoerbestand " + o.uit + " eindigt niet op .svg, .pdf of .png"};
     }
@@ -261,10 +274,29 @@ class Renderer {
             return kFoutTekenen;
         }
         controleerKeuzes(o_, *w_);
-        return zetBeeld() && stap([&] { zw::exporteerAfbeelding(*w_, o_.uit); }) ? 0 : kFoutTekenen;
+        const std::string figuur =
+            o_.miniatuur ? map_.filePath(QStringLiteral("figuur.png")).toStdString() : o_.uit;
+        if (!zetBeeld() || !stap([&] { zw::exporteerAfbeelding(*w_, figuur); })) {
+            return kFoutTekenen;
+        }
+        return o_.miniatuur ? verklein(figuur) : 0;
     }
 
   private:
+    // File managers hand a thumbnailer a temporary name of their own choosing and want a PNG of
+    // at most the size they ask, however large the canvas it shows.
+    int verklein(const std::string& figuur) const {
+        const QImage beeld(QString::fromStdString(figuur));
+        const int n = *o_.miniatuur;
+        if (beeld.isNull() || !beeld.scaled(n, n, Qt::KeepAspectRatio, Qt::SmoothTransformation)
+                                   .save(QString::fromStdString(o_.uit), "PNG")) {
+            std::fprintf(stderr, "zwierlijn-render: kan de miniatuur %s niet schrijven\n",
+                         o_.uit.c_str());
+            return kFoutTekenen;
+        }
+        return 0;
+    }
+
     std::string instellingen() const {
         return o_.instellingen.empty() ? zw::executableDirectory() + "/zwierlijn" : o_.instellingen;
     }
