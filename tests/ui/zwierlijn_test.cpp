@@ -34,10 +34,14 @@ TEST_F(EditorTest, StartsWithTheSettingsAndTheFixedState) {
     EXPECT_EQ(w->kleur(9), w->kleur(1));
 }
 
-TEST_F(FirstStartTest, ShowsTheSettingsDialogModally) {
-    ASSERT_EQ(dialogs.shown().size(), 1u);
-    EXPECT_EQ(dialogs.shown()[0].window, "Kleurtjes");
-    EXPECT_TRUE(dialogs.shown()[0].modal);
+// A first start shows the settings dialog modally; "Kleuren" shows it beside the editor.
+TEST_F(FirstStartTest, ShowsTheSettingsDialogModallyAndKleurenBesideTheEditor) {
+    w->menu("mntBeeldKleuren")->trigger();
+    ASSERT_EQ(dialogs.shown().size(), 2u);
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(dialogs.shown()[i].window, "Kleurtjes");
+        EXPECT_EQ(dialogs.shown()[i].modal, i == 0);
+    }
 }
 
 TEST_F(EditorTest, LeftClicksAppendPointsEachAVersion) {
@@ -120,6 +124,11 @@ TEST_F(EditorTest, RightDragMovesTheNearestPointAndTheReleaseRecordsOneVersion) 
 }
 
 TEST_F(EditorTest, ADragSamplesByTheDragStepTableAndTheReleaseRestoresTheStep) {
+    // On an empty canvas a right click moves nothing and shows no error.
+    QTest::mouseClick(&w->doekWidget(), Qt::RightButton, Qt::NoModifier, QPoint(20, 20));
+    EXPECT_TRUE(dialogs.messages().empty());
+    EXPECT_EQ(w->polygoon().graad, -1.0f);
+    EXPECT_EQ(w->evaluator().stap, 0.05f);
     testCurve();
     struct {
         bool openUniform;
@@ -142,13 +151,6 @@ TEST_F(EditorTest, ADragSamplesByTheDragStepTableAndTheReleaseRestoresTheStep) {
     w->sleep_detail = false;
     QTest::mouseClick(&w->doekWidget(), Qt::MiddleButton, Qt::NoModifier, QPoint(5, 5));
     EXPECT_EQ(w->evaluator().stap, 0.25f);
-}
-
-TEST_F(EditorTest, ARightClickOnAnEmptyCanvasMovesNothingAndShowsNoError) {
-    QTest::mouseClick(&w->doekWidget(), Qt::RightButton, Qt::NoModifier, QPoint(20, 20));
-    EXPECT_TRUE(dialogs.messages().empty());
-    EXPECT_EQ(w->polygoon().graad, -1.0f);
-    EXPECT_EQ(w->evaluator().stap, 0.05f);
 }
 
 TEST_F(EditorTest, TheKnotPaneLiesAlongTheBottomAlsoAfterAResize) {
