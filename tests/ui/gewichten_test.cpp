@@ -40,31 +40,6 @@ class WeightsTest : public EditorTest {
     }
 };
 
-TEST_F(WeightsTest, OpensWithoutBlockingAndTheCanvasThenColoursItsPoints) {
-    testCurve();
-    GewichtenVenster& v = open();
-    ASSERT_EQ(dialogs.shown().size(), 1u);
-    EXPECT_EQ(dialogs.shown()[0].window, "GewichtenForm");
-    EXPECT_FALSE(dialogs.shown()[0].modal);
-    EXPECT_EQ(doek().size(), v.size());
-    // Every point's colour is drawn once for every point.
-    w->Doek().refresh();
-    int coloured = 0;
-    for (const DrawRecord& r : doekLog()) {
-        for (int i = 0; i < 4; ++i) {
-            const Punt& p = w->polygoon().punten(i);
-            coloured += r.kind == DrawKind::kCircle && r.colour == w->kleur(i) && r.x1 == p.X &&
-                        r.y1 == p.Y && r.fillColour == w->kleur(i);
-        }
-    }
-    EXPECT_EQ(coloured, 16);
-    // Closed, the canvas draws its points plainly again; the menu opens it anew.
-    v.close();
-    EXPECT_FALSE(w->gewichtstat);
-    w->menu("mntBeeldGewichten")->trigger();
-    EXPECT_TRUE(w->gewichtstat);
-}
-
 // Each release is one version holding every weight (records 3i + 3) and the largest (the last
 // record); the largest is looked for again, so it can fall. The canvas redraws the curve, which
 // starts at (w0 P0 + 4 w1 P1 + w2 P2) / (w0 + 4 w1 + w2).
@@ -111,8 +86,15 @@ TEST_F(WeightsTest, EqualDistancesPickTheLowerIndexAndOtherButtonsReset) {
     }
 }
 
-TEST_F(WeightsTest, NewPointsGetWeightOneAndNieuwClosesTheWindowKeepingTheWeights) {
+// The window opens without blocking. New points weigh 1, and while the window is open the canvas
+// draws every point's colour once for every point. Closing the window, or "Nieuw", keeps the
+// weights; the menu and the toolbar open it anew.
+TEST_F(WeightsTest, OpensBesideTheCanvasAndClosingKeepsTheWeights) {
     GewichtenVenster& v = open();
+    ASSERT_EQ(dialogs.shown().size(), 1u);
+    EXPECT_EQ(dialogs.shown()[0].window, "GewichtenForm");
+    EXPECT_FALSE(dialogs.shown()[0].modal);
+    EXPECT_EQ(doek().size(), v.size());
     for (int i = 0; i < 3; ++i) {
         click(1500 + 1000 * i, 2000);
     }
@@ -122,7 +104,22 @@ TEST_F(WeightsTest, NewPointsGetWeightOneAndNieuwClosesTheWindowKeepingTheWeight
     EXPECT_EQ(weights(), (std::vector<double>{1, 4, 1, 1, 1}));
     // The window follows: the last of five handles in a column of 1000 twips.
     EXPECT_EQ(form().Doek().log().back().x1, 5000);
+    w->Doek().refresh();
+    int coloured = 0;
+    for (const DrawRecord& r : doekLog()) {
+        for (int i = 0; i < 5; ++i) {
+            const Punt& p = w->polygoon().punten(i);
+            coloured += r.kind == DrawKind::kCircle && r.colour == w->kleur(i) && r.x1 == p.X &&
+                        r.y1 == p.Y && r.fillColour == w->kleur(i);
+        }
+    }
+    EXPECT_EQ(coloured, 25);
 
+    v.close();
+    EXPECT_FALSE(w->gewichtstat);
+    w->menu("mntBeeldGewichten")->trigger();
+    EXPECT_TRUE(w->gewichtstat);
+    v.show();  // as the dialogs would
     w->knop("Nieuw")->trigger();
     EXPECT_FALSE(v.isVisible());
     EXPECT_FALSE(w->gewichtstat);
