@@ -29,15 +29,6 @@ class WeightsTest : public EditorTest {
         }
         return v;
     }
-    // Where the canvas' curve starts.
-    std::pair<double, double> curveStart() {
-        for (const DrawRecord& r : doekLog()) {
-            if (r.kind == DrawKind::kLine && r.colour == w->krommekleur) {
-                return {r.x1, r.y1};
-            }
-        }
-        return {};
-    }
 };
 
 // Each release is one version holding every weight (records 3i + 3) and the largest (the last
@@ -64,9 +55,9 @@ TEST_F(WeightsTest, ARightDragIsPinnedAtTheEndsAndItsReleaseRecordsOneVersion) {
         EXPECT_EQ(file.getSingle(static_cast<double>(file.length() / 4)), d.largest);
         const std::vector<double> g = weights();
         const double sum = g[0] + 4 * g[1] + g[2];
-        const auto [x, y] = curveStart();
-        EXPECT_NEAR(x, (1000 * g[0] + 4000 * g[1] + 7000 * g[2]) / sum, 0.5);
-        EXPECT_NEAR(y, (1000 * g[0] + 20000 * g[1] + 5000 * g[2]) / sum, 0.5);
+        const DrawRecord start = recordsOf(w->Doek(), DrawKind::kLine, w->krommekleur).at(0);
+        EXPECT_NEAR(start.x1, (1000 * g[0] + 4000 * g[1] + 7000 * g[2]) / sum, 0.5);
+        EXPECT_NEAR(start.y1, (1000 * g[0] + 20000 * g[1] + 5000 * g[2]) / sum, 0.5);
     }
 }
 

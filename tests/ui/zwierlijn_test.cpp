@@ -62,9 +62,7 @@ TEST_F(EditorTest, LeftClicksAppendPointsEachAVersion) {
     EXPECT_EQ(version(), 4.0f);
     EXPECT_EQ(RecordFile(dir.file("undoredo/4.zwl")).getSingle(1), 2.0f);
     // No order yet: points and legs only, and no knot pane.
-    for (const DrawRecord& r : doekLog()) {
-        EXPECT_NE(r.colour, w->krommekleur);
-    }
+    EXPECT_TRUE(recordsOf(w->Doek(), DrawKind::kLine, w->krommekleur).empty());
     EXPECT_EQ(w->knopenWidget().width(), 0);
 }
 
@@ -255,9 +253,7 @@ TEST_F(EditorTest, DetailAndViewToggles) {
 
     w->menu("mntBeeldKnooppunten")->trigger();
     EXPECT_FALSE(w->menu("mntBeeldKnooppunten")->isChecked());
-    for (const DrawRecord& r : doekLog()) {
-        EXPECT_NE(r.colour, setting(1));  // no knot discs
-    }
+    EXPECT_TRUE(recordsOf(w->Doek(), DrawKind::kCircle, setting(1)).empty());  // no knot discs
     w->menu("mntbeeldsleepdetail")->trigger();
     EXPECT_FALSE(w->sleep_detail);
 

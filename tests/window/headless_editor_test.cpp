@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <random>
 #include <tuple>
@@ -99,11 +98,8 @@ TEST(HeadlessEditor, TheBlendingPaneDrawsKnotMarksFunctionsAndFrame) {
         }
         // The canvas keeps its curve: the pane's paint draws it there; the points are coloured.
         w.Doek().refresh();
-        const std::vector<DrawRecord>& doek = w.Doek().log();
-        EXPECT_TRUE(std::any_of(doek.begin(), doek.end(), [&](const DrawRecord& r) {
-            return r.kind == DrawKind::kLine && r.colour == w.krommekleur;
-        }));
-        EXPECT_EQ(doek.front().colour, w.kleur(0));
+        EXPECT_FALSE(recordsOf(w.Doek(), DrawKind::kLine, w.krommekleur).empty());
+        EXPECT_EQ(w.Doek().log().front().colour, w.kleur(0));
     }
 }
 
@@ -118,10 +114,8 @@ TEST(HeadlessEditor, ViewsAndPickingModesFollowTheirItems) {
     w.Doek().setLogging(true);
     const auto discs = [&](Colour c) {
         std::vector<double> x;  // the points' x are distinct
-        for (const DrawRecord& r : w.Doek().log()) {
-            if (r.colour == c && r.kind == DrawKind::kCircle) {
-                x.push_back(r.x1);
-            }
+        for (const DrawRecord& r : recordsOf(w.Doek(), DrawKind::kCircle, c)) {
+            x.push_back(r.x1);
         }
         return x;
     };
