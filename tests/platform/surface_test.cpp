@@ -133,7 +133,9 @@ TEST(SurfaceLogTest, ClsBackgroundAndResizeClearLogAndImage) {
     }
 }
 
-TEST(SurfaceEventTest, RefreshRunsThePaintHandlerBeforeTellingTheView) {
+// Refresh runs the paint handler before it tells the view. The widget tests follow clicks from Qt
+// through the handlers; a position beyond a Single saturates on the way rather than overflowing.
+TEST(SurfaceEventTest, RefreshPaintsBeforeTellingTheViewAndPositionsSaturate) {
     struct View : SurfaceObserver {
         void imageChanged() override { ++images; }
         void geometryChanged() override {}
@@ -144,14 +146,9 @@ TEST(SurfaceEventTest, RefreshRunsThePaintHandlerBeforeTellingTheView) {
     int imagesWhilePainting = -1;
     surface.setPaintHandler([&] { imagesWhilePainting = view.images; });
     surface.refresh();
-    EXPECT_EQ(imagesWhilePainting, 0);  // the view hears only after the handler has drawn
+    EXPECT_EQ(imagesWhilePainting, 0);
     EXPECT_EQ(view.images, 1);
-}
 
-// The widget tests follow clicks from Qt through the handlers; a position beyond a Single saturates
-// on the way rather than overflowing.
-TEST(SurfaceEventTest, MousePositionsBeyondASingleSaturate) {
-    Surface surface;
     surface.setPixelSize(200, 100);
     surface.scale(-10, 5, 10, -5);
     surface.setScaleWidth(1e300);
