@@ -31,16 +31,19 @@ class WeightsTest : public EditorTest {
     }
 };
 
-// Each release is one version holding every weight (records 3i + 3) and the largest (the last
-// record); the largest is looked for again, so it can fall. The canvas redraws the curve, which
+// A drag picks the nearest handle, the lower index of equally near ones. Each release is one
+// version holding every weight (records 3i + 3) and the largest (the last record); the largest
+// is looked for again, so it can fall. The canvas redraws the curve, which
 // starts at (w0 P0 + 4 w1 P1 + w2 P2) / (w0 + 4 w1 + w2).
-TEST_F(WeightsTest, ARightDragIsPinnedAtTheEndsAndItsReleaseRecordsOneVersion) {
+TEST_F(WeightsTest, ARightDragSetsTheNearestWeightAndOtherButtonsResetThem) {
     testCurve();
     open();
     const struct {
         double x, from, to, weight, largest;
-    } drags[] = {
-        {1200, 2250, 100, 32, 32}, {2400, 2250, 4400, 1.0 / 32, 32}, {1200, 450, 1530, 4, 4}};
+    } drags[] = {{1800, 2250, 1890, 2, 2},  // halfway between the first two: the first
+                 {1200, 2250, 100, 32, 32},
+                 {2400, 2250, 4400, 1.0 / 32, 32},
+                 {1200, 450, 1530, 4, 4}};
     for (const auto& d : drags) {
         const float before = version();
         dragWeight(d.x, d.from, d.to);
@@ -59,15 +62,7 @@ TEST_F(WeightsTest, ARightDragIsPinnedAtTheEndsAndItsReleaseRecordsOneVersion) {
         EXPECT_NEAR(start.x1, (1000 * g[0] + 4000 * g[1] + 7000 * g[2]) / sum, 0.5);
         EXPECT_NEAR(start.y1, (1000 * g[0] + 20000 * g[1] + 5000 * g[2]) / sum, 0.5);
     }
-}
-
-// Halfway between the first two handles the first is picked; any other button than the right
-// resets every weight and the largest.
-TEST_F(WeightsTest, EqualDistancesPickTheLowerIndexAndOtherButtonsReset) {
-    testCurve();
-    open();
-    dragWeight(1800, 2250, 1530);
-    EXPECT_EQ(weights(), (std::vector<double>{4, 1, 1, 1}));
+    // Any other button than the right resets every weight and the largest.
     for (Qt::MouseButton b : {Qt::LeftButton, Qt::MiddleButton}) {
         form().zet_gewichten(3, 8.0);
         form().zet_grootste_gewicht(8.0);
