@@ -24,12 +24,6 @@ const Colour kRed = rgb(255, 0, 0);
 const Colour kGreen = rgb(0, 128, 0);
 const Colour kBlue = rgb(0, 0, 255);
 
-// The colour at a point in logical pixels, read from the device pixels underneath.
-QColor colourAt(const Surface& surface, double x, double y) {
-    const double ratio = surface.devicePixelRatio();
-    return surface.image().pixelColor(static_cast<int>(x * ratio), static_cast<int>(y * ratio));
-}
-
 // The largest difference of one channel.
 int difference(const QColor& a, const QColor& b) {
     return std::max({std::abs(a.red() - b.red()), std::abs(a.green() - b.green()),
@@ -129,7 +123,7 @@ TEST(SurfaceLogTest, ClsBackgroundAndResizeClearLogAndImage) {
         EXPECT_EQ(surface.log().empty(), cases[i].second);
         // Antialiasing blends edges; the middle of a stroke is the colour or very near it.
         const Colour want = cases[i].second ? surface.backColour() : kRed;
-        EXPECT_LE(difference(colourAt(surface, 10, 10), toQColor(want)), 24);
+        EXPECT_LE(difference(surface.image().pixelColor(10, 10), toQColor(want)), 24);
     }
 }
 
