@@ -1,5 +1,5 @@
 // The model's main window without widgets: owns the model objects in the window's order and
-// counts the versions it is asked to record. Tests, benchmarks and fuzz targets drive the real
+// records no versions. Tests, benchmarks and fuzz targets drive the real
 // model through it; the helpers of test_support.h come along. The curve helpers take any main
 // window, the editor's too.
 #pragma once
@@ -66,7 +66,7 @@ class HeadlessWindow : public MainWindow {
     KnoopVector& vec() override { return vec_; }
     BlossomFunctie& evaluator() override { return evaluator_; }
     GewichtenForm& gewichten() override { return gewichten_; }
-    void save() override { ++saves; }
+    void save() override {}
     Surface& Doek() override { return doek_; }
     Surface& Knopen() override { return knopen_; }
     Surface& meng() override { return meng_; }
@@ -99,8 +99,6 @@ class HeadlessWindow : public MainWindow {
 
     int segments() { return zw::segments(*this); }
     Punt drawnPoint(double t) { return zw::drawnPoint(*this, t); }
-
-    int saves = 0;
 
   private:
     // Surfaces first: the model objects draw on them.

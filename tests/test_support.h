@@ -3,6 +3,9 @@
 
 #include <QDir>
 #include <QTemporaryDir>
+#include <algorithm>
+#include <iterator>
+#include <optional>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -42,6 +45,15 @@ inline Array<double> equalArgs(float k, double t) {
 inline auto fieldsOf(const DrawRecord& r) {
     return std::make_tuple(r.kind, r.x1, r.y1, r.x2, r.y2, r.radius, r.colour, r.drawWidth,
                            r.fillStyle, r.fillColour);
+}
+
+// The records of one kind, and of one colour if given, in a surface's log.
+inline std::vector<DrawRecord> recordsOf(const Surface& s, DrawKind kind,
+                                         std::optional<Colour> colour = std::nullopt) {
+    std::vector<DrawRecord> records;
+    std::copy_if(s.log().begin(), s.log().end(), std::back_inserter(records),
+                 [&](const auto& r) { return r.kind == kind && (!colour || r.colour == *colour); });
+    return records;
 }
 
 // A fresh temporary directory per test, removed afterwards.

@@ -81,18 +81,6 @@ TEST(KnoopVector, VergelijkVectorFindsTheRunOfKnots) {
     }
 }
 
-TEST(KnoopVector, BadIndexesAndSizesRaiseRunTimeErrors) {
-    Knots w(2, 1, {0, 1, 2, 3});
-    EXPECT_EQ(w.vec().knoop(4.0f), 0.0);  // the spare slot exists
-    EXPECT_EQ(errorOf([&] { w.vec().knoop(5.0f); }), kErrSubscript);
-    // A value beyond every knot is compared with the spare slot and its run read past it.
-    float count = 3.0f;
-    EXPECT_EQ(errorOf([&] { w.vec().vergelijk_vector(count, arrayOf({7, 0, 0})); }), kErrSubscript);
-    EXPECT_EQ(errorOf([&] { w.vec().dimensioneer_knopenvector(-2.0); }), kErrSubscript);
-    EXPECT_EQ(errorOf([&] { w.vec().dimensioneer_knopenvector(1e12); }), kErrOutOfMemory);
-    EXPECT_EQ(errorOf([&] { w.vec().dimensioneer_knopenvector(1e39); }), kErrOverflow);
-}
-
 TEST(KnoopPane, RealAndVirtualDiscsAndGrevilleTicks) {
     // Order 4, 4 points: L = 8 and knots 3 .. 4 are real. x = 1000 + 1000 u.
     const std::vector<double> knots = {0, 1, 3, 4, 8, 9, 11, 12};
@@ -151,11 +139,19 @@ TEST(KnoopPane, DraggedKnotStaysBetweenItsNeighbours) {
     }
 }
 
-TEST(KnoopPane, DegenerateScalesRaiseTheArithmeticErrors) {
+TEST(KnoopVector, BadIndexesSizesAndScalesRaiseRunTimeErrors) {
+    Knots w(2, 1, {0, 1, 2, 3});          // and no line for the pane
+    EXPECT_EQ(w.vec().knoop(4.0f), 0.0);  // the spare slot exists
+    EXPECT_EQ(errorOf([&] { w.vec().knoop(5.0f); }), kErrSubscript);
+    // A value beyond every knot is compared with the spare slot and its run read past it.
+    float count = 3.0f;
+    EXPECT_EQ(errorOf([&] { w.vec().vergelijk_vector(count, arrayOf({7, 0, 0})); }), kErrSubscript);
+    EXPECT_EQ(errorOf([&] { w.vec().plaats_knooppunt(1500, 1); }), kErrDivisionByZero);
+    EXPECT_EQ(errorOf([&] { w.vec().dimensioneer_knopenvector(-2.0); }), kErrSubscript);
+    EXPECT_EQ(errorOf([&] { w.vec().dimensioneer_knopenvector(1e12); }), kErrOutOfMemory);
+    EXPECT_EQ(errorOf([&] { w.vec().dimensioneer_knopenvector(1e39); }), kErrOverflow);
     Knots equal(2, 0, {1, 1, 1, 1}, 5000);  // no knot range: 0 / 0
     EXPECT_EQ(errorOf([&] { equal.vec().teken_vector(); }), kErrOverflow);
-    Knots flat(2, 0, {0, 1, 2, 3}, 0);  // no line
-    EXPECT_EQ(errorOf([&] { flat.vec().plaats_knooppunt(1500, 1); }), kErrDivisionByZero);
     Knots empty(2, 0, {}, 5000);  // nothing drawn, nothing to pick
     empty.vec().teken_vector();
     EXPECT_TRUE(empty.Knopen().log().empty());

@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <iterator>
 #include <utility>
+#include <vector>
 
+#include "platform/record_file.h"
 #include "test_support.h"
 
 namespace zw {
@@ -55,6 +58,54 @@ TEST(Files, ExecutableDirectoryHoldsThisTest) {
     const std::string exeDir = executableDirectory();
     EXPECT_NE(exeDir.back(), '/');
     EXPECT_TRUE(FileExists(exeDir + "/model_tests"));
+}
+
+std::vector<unsigned char> bytesOf(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+TEST(RecordFile, LittleEndianRecordsCountedFromOne) {
+    TestDir dir;
+    {
+        RecordFile file(dir.file("f"));  // created when missing
+        EXPECT_EQ(file.getLong(1), 0);
+        file.putLong(1, 0x01020304);
+        file.putSingle(2, 1.0f);  // 0x3F800000
+        file.putLong(3, -2);
+    }
+    const std::vector<unsigned char> expected = {4,    3,    2,    1,    0,    0,
+                                                 0x80, 0x3F, 0xFE, 0xFF, 0xFF, 0xFF};
+    EXPECT_EQ(bytesOf(dir.file("f")), expected);
+    RecordFile file(dir.file("f"));
+    EXPECT_EQ(file.getSingle(2), 1.0f);
+    EXPECT_EQ(file.getLong(2.5), 0x3F800000);  // record numbers round halves to even: 2.5 -> 2
+    EXPECT_EQ(file.getLong(3.5), 0);           // 3.5 -> 4, past the end
+}
+
+TEST(RecordFile, PastTheEndReadsZeroAndWritingExtends) {
+    TestDir dir;
+    std::ofstream(dir.file("f"), std::ios::binary).write("\x01\x02\x03\x04\x05", 5);
+    RecordFile file(dir.file("f"));
+    EXPECT_EQ(file.getLong(2), 5);  // a partial record: its bytes, then zeros
+    file.putSingle(5, 2.5f);
+    EXPECT_EQ(file.length(), 20);
+    EXPECT_EQ(file.getSingle(4), 0.0f);
+    EXPECT_EQ(file.getSingle(5), 2.5f);
+    EXPECT_EQ(file.getSingle(1e9), 0.0f);
+}
+
+TEST(RecordFile, Errors) {
+    TestDir dir;
+    EXPECT_EQ(errorOf([] { RecordFile(""); }), kErrBadFileName);
+    EXPECT_EQ(errorOf([&] { RecordFile(dir.file("no/such/f")); }), kErrPathNotFound);
+    EXPECT_EQ(errorOf([&] { RecordFile(dir.path()); }), kErrPathFileAccess);
+    RecordFile file(dir.file("f"));
+    EXPECT_EQ(errorOf([&] { file.getLong(0); }), kErrBadRecordNumber);
+    EXPECT_EQ(errorOf([&] { file.putLong(-3, 1); }), kErrBadRecordNumber);
+    EXPECT_EQ(errorOf([&] { file.getLong(1e12); }), kErrOverflow);
+    EXPECT_EQ(errorOf([&] { file.putLong(kMaxRecordNumber + 1, 1); }), kErrOutOfMemory);
+    EXPECT_EQ(file.length(), 0);
 }
 
 }  // namespace

@@ -1,12 +1,19 @@
+// The classic numeric rules: rounding, conversions, arithmetic faults, loops, arrays, and the
+// run-time errors they raise.
 #include "platform/numeric.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
+#include <new>
+#include <string>
 #include <utility>
 #include <vector>
 
+#include "platform/array.h"
+#include "platform/event_guard.h"
+#include "platform/scripted_dialogs.h"
 #include "test_support.h"
 
 namespace zw {
@@ -61,6 +68,67 @@ TEST(ForSingle, RunsLikeAClassicForLoopAndNeverHangs) {
     EXPECT_EQ(run(16777214.0f, 16777215.0f, 1).size(), 2u);
     // 2^24 + 1 is no Single: a loop up to 2^24 would repeat its last round for ever.
     EXPECT_EQ(errorOf([&] { run(16777214.0f, 16777216.0f, 1); }), kErrOverflow);
+}
+
+TEST(Array, IndexesAreRoundedThenChecked) {
+    Array<int> a;
+    EXPECT_EQ(errorOf([&] { a(0); }), kErrSubscript);  // never dimensioned
+    a.redim(4);
+    a(3) = 3;
+    a(4) = 4;
+    EXPECT_EQ(a(2.5f), 0);  // 2.5 rounds to the even 2, not 3
+    EXPECT_EQ(a(3.5f), 4);  // 3.5 rounds to 4
+    EXPECT_EQ(a(-0.5), 0);  // -0.5 rounds to 0: inside
+    for (double bad : {-1.0, -0.6, 4.6, 5.0}) {
+        EXPECT_EQ(errorOf([&] { a(bad); }), kErrSubscript) << bad;
+    }
+    EXPECT_EQ(errorOf([&] { a(1e12); }), kErrOverflow);
+}
+
+TEST(Array, RedimStartsFreshAndPreserveKeeps) {
+    Array<std::string> a(2);
+    a(0) = "a";
+    a(2) = "c";
+    a.redimPreserve(4);
+    EXPECT_EQ(a(2), "c");
+    EXPECT_EQ(a(4), "");
+    a.redimPreserve(1);
+    EXPECT_EQ(a.upperBound(), 1);
+    EXPECT_EQ(a(0), "a");
+    a.redim(3);
+    EXPECT_EQ(a(0), "");
+}
+
+TEST(Array, ImpossibleSizesRaiseAndLeaveTheArrayAlone) {
+    Array<double> a(1);
+    a(1) = 5;
+    EXPECT_EQ(errorOf([&] { a.redim(-1); }), kErrSubscript);
+    EXPECT_EQ(errorOf([&] { a.redim(kMaxArrayElements); }), kErrOutOfMemory);
+    EXPECT_EQ(errorOf([&] { a.redimPreserve(1e9); }), kErrOutOfMemory);
+    EXPECT_EQ(errorOf([&] { a.redim(std::nan("")); }), kErrOverflow);
+    EXPECT_EQ(a(1), 5);
+}
+
+TEST(RuntimeError, CarriesTheClassicNumberAndText) {
+    EXPECT_EQ(RuntimeError(1234).text(), standardErrorText(95));  // no text of its own
+    EXPECT_EQ(errorMessage(RuntimeError(9)),
+              "Fout 9 tijdens uitvoering:\n\nHet subscript valt buiten het bereik");
+}
+
+TEST(EventGuard, AnErrorEndsTheActionWithItsMessageAndTheProgramCarriesOn) {
+    ScriptedDialogs dialogs;
+    EventGuard guard(dialogs);
+    bool reached = false;
+    EXPECT_FALSE(guard.run([] { Array<double>(2)(3) = 1; }));
+    EXPECT_TRUE(guard.run([&] { reached = true; }));
+    EXPECT_TRUE(reached);
+    guard.run([] { throw std::bad_alloc(); });
+    guard.run([] { throw 42; });
+    ASSERT_EQ(dialogs.messages().size(), 3u);
+    const int expected[] = {kErrSubscript, kErrOutOfMemory, kErrInternal};
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(dialogs.messages()[i].text, errorMessage(RuntimeError(expected[i])));
+    }
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <limits>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "test_support.h"
 
@@ -14,9 +15,11 @@ namespace {
 
 // Blanks, tabs and line feeds skipped anywhere, a carriage return stops; sign, digits and one
 // point up to the first character that does not fit; E and D exponents, one without digits
-// ignored.
-TEST(Val, ReadsDecimalNumbersTheClassicWay) {
-    const std::pair<std::string, double> cases[] = {
+// ignored. Hex and octal typed as Integer up to 16 bits, Long up to 32 bits, Long always with a
+// trailing "&". Long digit strings read exactly.
+TEST(Val, ReadsNumbersTheClassicWay) {
+    using Cases = std::vector<std::pair<std::string, double>>;
+    const Cases decimal = {
         {" 1 2 3", 123}, {" - 1", -1}, {"\t1\n2", 12}, {"1 . 5 E 1", 15}, {"1\r2", 1},
         {"\r5", 0},      {"", 0},      {"abc", 0},     {"12.6", 12.6},    {".5", 0.5},
         {"-.5", -0.5},   {"5.", 5},    {"12abc", 12},  {"1.2.3", 1.2},    {"--1", 0},
@@ -24,33 +27,27 @@ TEST(Val, ReadsDecimalNumbersTheClassicWay) {
         {"2e-1", 0.2},   {"1E", 1},    {"1E+", 1},     {"1E-x", 1},       {"1E2.5", 100},
         {"1E-400", 0},
     };
-    for (const auto& [text, expected] : cases) {
-        EXPECT_EQ(val(text), expected) << "Val(\"" << text << "\")";
-    }
-}
-
-// Typed as Integer up to 16 bits, Long up to 32 bits, Long always with a trailing "&".
-TEST(Val, ReadsHexAndOctalLiteralsAsIntegerOrLong) {
-    const std::pair<std::string, double> cases[] = {
+    const Cases hexAndOctal = {
         {"&h 1f", 31},      {"&HFFFF", -1},     {"&H8000", -32768}, {"&H7FFF", 32767},
         {"&H0000FFFF", -1}, {"&H10000", 65536}, {"&HFFFFFFFF", -1}, {"&H80000000", -2147483648.0},
         {"&HFFFF&", 65535}, {"&H1G", 1},        {"&O177777", -1},   {"&o17", 15},
         {"&O78", 7},        {"&O8", 0},         {"&H", 0},          {"&", 0},
         {"&12", 0},         {"-&H1", 0},
     };
-    for (const auto& [text, expected] : cases) {
-        EXPECT_EQ(val(text), expected) << "Val(\"" << text << "\")";
+    const Cases longDigitStrings = {
+        {"1" + std::string(400, '0') + "E-400", 1.0},
+        {"0." + std::string(400, '0') + "1E401", 1.0},
+        {"1" + std::string(300, '0'), 1e300},
+        {"1.7976931348623157E308", std::numeric_limits<double>::max()},
+        {"0E999999999999999999999", 0.0},
+        {"." + std::string(2000, '3'), 1.0 / 3.0},
+        {std::string(5000, ' ') + "-" + std::string(5000, '0') + "2.5", -2.5},
+    };
+    for (const Cases* cases : {&decimal, &hexAndOctal, &longDigitStrings}) {
+        for (const auto& [text, expected] : *cases) {
+            EXPECT_EQ(val(text), expected) << "Val(\"" << text.substr(0, 40) << "\")";
+        }
     }
-}
-
-TEST(Val, ReadsLongDigitStringsExactly) {
-    EXPECT_EQ(val("1" + std::string(400, '0') + "E-400"), 1.0);
-    EXPECT_EQ(val("0." + std::string(400, '0') + "1E401"), 1.0);
-    EXPECT_EQ(val("1" + std::string(300, '0')), 1e300);
-    EXPECT_EQ(val("1.7976931348623157E308"), std::numeric_limits<double>::max());
-    EXPECT_EQ(val("0E999999999999999999999"), 0.0);
-    EXPECT_EQ(val("." + std::string(2000, '3')), 1.0 / 3.0);
-    EXPECT_EQ(val(std::string(5000, ' ') + "-" + std::string(5000, '0') + "2.5"), -2.5);
 }
 
 TEST(Val, RaisesOverflowBeyondTheRange) {

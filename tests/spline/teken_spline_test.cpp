@@ -15,16 +15,6 @@ namespace {
 
 using Vertex = std::pair<double, double>;
 
-std::vector<DrawRecord> recordsOf(const Surface& surface, DrawKind kind) {
-    std::vector<DrawRecord> records;
-    for (const DrawRecord& r : surface.log()) {
-        if (r.kind == kind) {
-            records.push_back(r);
-        }
-    }
-    return records;
-}
-
 void append(std::vector<Vertex>& path, const Vertex& v) {
     if (path.empty() || path.back() != v) {
         path.push_back(v);

@@ -29,50 +29,20 @@ class WeightsTest : public EditorTest {
         }
         return v;
     }
-    // Where the canvas' curve starts.
-    std::pair<double, double> curveStart() {
-        for (const DrawRecord& r : doekLog()) {
-            if (r.kind == DrawKind::kLine && r.colour == w->krommekleur) {
-                return {r.x1, r.y1};
-            }
-        }
-        return {};
-    }
 };
 
-TEST_F(WeightsTest, OpensWithoutBlockingAndTheCanvasThenColoursItsPoints) {
-    testCurve();
-    GewichtenVenster& v = open();
-    ASSERT_EQ(dialogs.shown().size(), 1u);
-    EXPECT_EQ(dialogs.shown()[0].window, "GewichtenForm");
-    EXPECT_FALSE(dialogs.shown()[0].modal);
-    EXPECT_EQ(doek().size(), v.size());
-    // Every point's colour is drawn once for every point.
-    w->Doek().refresh();
-    int coloured = 0;
-    for (const DrawRecord& r : doekLog()) {
-        for (int i = 0; i < 4; ++i) {
-            const Punt& p = w->polygoon().punten(i);
-            coloured += r.kind == DrawKind::kCircle && r.colour == w->kleur(i) && r.x1 == p.X &&
-                        r.y1 == p.Y && r.fillColour == w->kleur(i);
-        }
-    }
-    EXPECT_EQ(coloured, 16);
-    // Closed, the canvas draws its points plainly again; the menu opens it anew.
-    v.close();
-    EXPECT_FALSE(w->gewichtstat);
-    w->menu("mntBeeldGewichten")->trigger();
-    EXPECT_TRUE(w->gewichtstat);
-}
-
-// Each release is one version holding every weight (records 3i + 3) and the largest (the last
-// record); the largest is looked for again, so it can fall.
-TEST_F(WeightsTest, ARightDragIsPinnedAtTheEndsAndItsReleaseRecordsOneVersion) {
+// A drag picks the nearest handle, the lower index of equally near ones. Each release is one
+// version holding every weight (records 3i + 3) and the largest (the last record); the largest
+// is looked for again, so it can fall. The canvas redraws the curve, which
+// starts at (w0 P0 + 4 w1 P1 + w2 P2) / (w0 + 4 w1 + w2).
+TEST_F(WeightsTest, ARightDragSetsTheNearestWeightAndOtherButtonsResetThem) {
     testCurve();
     open();
     const struct {
         double x, from, to, weight, largest;
-    } drags[] = {{1200, 2250, 100, 32, 32}, {2400, 2250, 4400, 1.0 / 32, 32},
+    } drags[] = {{1800, 2250, 1890, 2, 2},  // halfway between the first two: the first
+                 {1200, 2250, 100, 32, 32},
+                 {2400, 2250, 4400, 1.0 / 32, 32},
                  {1200, 450, 1530, 4, 4}};
     for (const auto& d : drags) {
         const float before = version();
@@ -80,21 +50,19 @@ TEST_F(WeightsTest, ARightDragIsPinnedAtTheEndsAndItsReleaseRecordsOneVersion) {
         EXPECT_EQ(form().gewicht(static_cast<float>(d.x / 1200 - 1)), d.weight);
         EXPECT_EQ(form().get_grootste_gewicht(), d.largest);
         ASSERT_EQ(version(), before + 1);
-        RecordFile file(dir.file("undoredo/" + std::to_string(static_cast<int>(version())) + ".zwl"));
+        RecordFile file(
+            dir.file("undoredo/" + std::to_string(static_cast<int>(version())) + ".zwl"));
         for (int i = 0; i < 4; ++i) {
             EXPECT_EQ(file.getSingle(3 * i + 6), static_cast<float>(form().gewicht(i)));
         }
         EXPECT_EQ(file.getSingle(static_cast<double>(file.length() / 4)), d.largest);
+        const std::vector<double> g = weights();
+        const double sum = g[0] + 4 * g[1] + g[2];
+        const DrawRecord start = recordsOf(w->Doek(), DrawKind::kLine, w->krommekleur).at(0);
+        EXPECT_NEAR(start.x1, (1000 * g[0] + 4000 * g[1] + 7000 * g[2]) / sum, 0.5);
+        EXPECT_NEAR(start.y1, (1000 * g[0] + 20000 * g[1] + 5000 * g[2]) / sum, 0.5);
     }
-}
-
-// Halfway between the first two handles the first is picked; any other button than the right
-// resets every weight and the largest.
-TEST_F(WeightsTest, EqualDistancesPickTheLowerIndexAndOtherButtonsReset) {
-    testCurve();
-    open();
-    dragWeight(1800, 2250, 1530);
-    EXPECT_EQ(weights(), (std::vector<double>{4, 1, 1, 1}));
+    // Any other button than the right resets every weight and the largest.
     for (Qt::MouseButton b : {Qt::LeftButton, Qt::MiddleButton}) {
         form().zet_gewichten(3, 8.0);
         form().zet_grootste_gewicht(8.0);
@@ -104,18 +72,15 @@ TEST_F(WeightsTest, EqualDistancesPickTheLowerIndexAndOtherButtonsReset) {
     }
 }
 
-// The curve starts at (P0 + 4 w1 P1 + P2) / (1 + 4 w1 + 1): weight 32 takes it close to P1.
-TEST_F(WeightsTest, ARaisedWeightPullsTheCurveTowardsItsPoint) {
-    testCurve();
-    open();
-    EXPECT_EQ(curveStart(), std::make_pair(2000.0, 4333.0));
-    dragWeight(2400, 2250, 100);
-    const auto [x, y] = curveStart();
-    EXPECT_LT(std::hypot(x - 1000, y - 5000), 60);
-}
-
-TEST_F(WeightsTest, NewPointsGetWeightOneAndNieuwClosesTheWindowKeepingTheWeights) {
+// The window opens without blocking. New points weigh 1, and while the window is open the canvas
+// draws every point's colour once for every point. Closing the window, or "Nieuw", keeps the
+// weights; the menu and the toolbar open it anew.
+TEST_F(WeightsTest, OpensBesideTheCanvasAndClosingKeepsTheWeights) {
     GewichtenVenster& v = open();
+    ASSERT_EQ(dialogs.shown().size(), 1u);
+    EXPECT_EQ(dialogs.shown()[0].window, "GewichtenForm");
+    EXPECT_FALSE(dialogs.shown()[0].modal);
+    EXPECT_EQ(doek().size(), v.size());
     for (int i = 0; i < 3; ++i) {
         click(1500 + 1000 * i, 2000);
     }
@@ -125,7 +90,22 @@ TEST_F(WeightsTest, NewPointsGetWeightOneAndNieuwClosesTheWindowKeepingTheWeight
     EXPECT_EQ(weights(), (std::vector<double>{1, 4, 1, 1, 1}));
     // The window follows: the last of five handles in a column of 1000 twips.
     EXPECT_EQ(form().Doek().log().back().x1, 5000);
+    w->Doek().refresh();
+    int coloured = 0;
+    for (const DrawRecord& r : doekLog()) {
+        for (int i = 0; i < 5; ++i) {
+            const Punt& p = w->polygoon().punten(i);
+            coloured += r.kind == DrawKind::kCircle && r.colour == w->kleur(i) && r.x1 == p.X &&
+                        r.y1 == p.Y && r.fillColour == w->kleur(i);
+        }
+    }
+    EXPECT_EQ(coloured, 25);
 
+    v.close();
+    EXPECT_FALSE(w->gewichtstat);
+    w->menu("mntBeeldGewichten")->trigger();
+    EXPECT_TRUE(w->gewichtstat);
+    v.show();  // as the dialogs would
     w->knop("Nieuw")->trigger();
     EXPECT_FALSE(v.isVisible());
     EXPECT_FALSE(w->gewichtstat);

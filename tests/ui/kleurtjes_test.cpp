@@ -51,7 +51,7 @@ TEST(Kleurtjes, AFirstStartAnnouncesAndCreatesTheSettingsFile) {
 }
 
 // The records are the ones the editor reads at start-up.
-TEST(Kleurtjes, ColourButtonsSetTheirVariableAndRecord) {
+TEST(Kleurtjes, ColourButtonsAndTheRadiusSetTheirVariableAndRecord) {
     Dialog d;
     int colour = 100;
     for (const ColourSetting& c : kColourSettings) {
@@ -66,10 +66,7 @@ TEST(Kleurtjes, ColourButtonsSetTheirVariableAndRecord) {
     d.form->knop("Kromme")->click();
     EXPECT_EQ(d.w.krommekleur, 102);
     EXPECT_EQ(d.record(2), 102);
-}
-
-TEST(Kleurtjes, TheRadiusIsRoundedHalvesToEven) {
-    Dialog d;
+    // The radius is rounded, halves to even.
     d.form->show();
     for (const auto& [text, expected] : {std::pair{"12.6", 13}, {"12.5", 12}, {"abc", 0}}) {
         d.type(d.form->Straal(), text);

@@ -1,4 +1,9 @@
 #include <QAction>
+#include <QDir>
+#include <QFile>
+#include <QMenuBar>
+#include <QProcess>
+#include <sstream>
 
 #include "editor_fixture.h"
 #include "knots/knoop_vector.h"
@@ -34,10 +39,14 @@ TEST_F(EditorTest, StartsWithTheSettingsAndTheFixedState) {
     EXPECT_EQ(w->kleur(9), w->kleur(1));
 }
 
-TEST_F(FirstStartTest, ShowsTheSettingsDialogModally) {
-    ASSERT_EQ(dialogs.shown().size(), 1u);
-    EXPECT_EQ(dialogs.shown()[0].window, "Kleurtjes");
-    EXPECT_TRUE(dialogs.shown()[0].modal);
+// A first start shows the settings dialog modally; "Kleuren" shows it beside the editor.
+TEST_F(FirstStartTest, ShowsTheSettingsDialogModallyAndKleurenBesideTheEditor) {
+    w->menu("mntBeeldKleuren")->trigger();
+    ASSERT_EQ(dialogs.shown().size(), 2u);
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(dialogs.shown()[i].window, "Kleurtjes");
+        EXPECT_EQ(dialogs.shown()[i].modal, i == 0);
+    }
 }
 
 TEST_F(EditorTest, LeftClicksAppendPointsEachAVersion) {
@@ -53,9 +62,7 @@ TEST_F(EditorTest, LeftClicksAppendPointsEachAVersion) {
     EXPECT_EQ(version(), 4.0f);
     EXPECT_EQ(RecordFile(dir.file("undoredo/4.zwl")).getSingle(1), 2.0f);
     // No order yet: points and legs only, and no knot pane.
-    for (const DrawRecord& r : doekLog()) {
-        EXPECT_NE(r.colour, w->krommekleur);
-    }
+    EXPECT_TRUE(recordsOf(w->Doek(), DrawKind::kLine, w->krommekleur).empty());
     EXPECT_EQ(w->knopenWidget().width(), 0);
 }
 
@@ -120,6 +127,11 @@ TEST_F(EditorTest, RightDragMovesTheNearestPointAndTheReleaseRecordsOneVersion) 
 }
 
 TEST_F(EditorTest, ADragSamplesByTheDragStepTableAndTheReleaseRestoresTheStep) {
+    // On an empty canvas a right click moves nothing and shows no error.
+    QTest::mouseClick(&w->doekWidget(), Qt::RightButton, Qt::NoModifier, QPoint(20, 20));
+    EXPECT_TRUE(dialogs.messages().empty());
+    EXPECT_EQ(w->polygoon().graad, -1.0f);
+    EXPECT_EQ(w->evaluator().stap, 0.05f);
     testCurve();
     struct {
         bool openUniform;
@@ -144,14 +156,9 @@ TEST_F(EditorTest, ADragSamplesByTheDragStepTableAndTheReleaseRestoresTheStep) {
     EXPECT_EQ(w->evaluator().stap, 0.25f);
 }
 
-TEST_F(EditorTest, ARightClickOnAnEmptyCanvasMovesNothingAndShowsNoError) {
-    QTest::mouseClick(&w->doekWidget(), Qt::RightButton, Qt::NoModifier, QPoint(20, 20));
-    EXPECT_TRUE(dialogs.messages().empty());
-    EXPECT_EQ(w->polygoon().graad, -1.0f);
-    EXPECT_EQ(w->evaluator().stap, 0.05f);
-}
-
-TEST_F(EditorTest, TheKnotPaneLiesAlongTheBottomAlsoAfterAResize) {
+// The knot pane lies along the bottom, also after a resize; a right drag in it moves a knot and
+// the release records it.
+TEST_F(EditorTest, TheKnotPaneAlongTheBottomMovesAKnotWithTheRightButton) {
     testCurve();
     auto expectAlongTheBottom = [&] {
         EXPECT_EQ(w->Knopen().top(), w->scaleHeight() - 750.0f);
@@ -166,27 +173,16 @@ TEST_F(EditorTest, TheKnotPaneLiesAlongTheBottomAlsoAfterAResize) {
     expectAlongTheBottom();
     EXPECT_EQ(w->vectorlengte, w->scaleWidth() - 2000.0f);
 
-    w->mntBeeldKnopenVector_Click();
-    EXPECT_EQ(w->Knopen().width(), 0.0);
-    w->resize(w->width() - 100, w->height());
-    QCoreApplication::processEvents();
-    EXPECT_EQ(w->Knopen().width(), 0.0);
-}
-
-TEST_F(EditorTest, ARightDragInTheKnotPaneMovesTheKnotAndTheReleaseRecordsIt) {
-    testCurve();
     w->vec().openuniform = true;
     const Surface& pane = w->Knopen();
     // Knots -3 .. 4 over the line; knot 4 (value 1) goes to 1.5.
     auto x = [&](double u) { return w->breedtestap / 2 + (u + 3) * w->vectorlengte / 7; };
     const float before = version();
-
     // The left button picks but does not move.
     drag(w->knopenWidget(), Qt::LeftButton, x(1), 375, x(1.5), 375);
     EXPECT_EQ(w->index, 4);
     EXPECT_EQ(w->vec().knoop(4), 1.0);
     EXPECT_EQ(version(), before);
-
     QTest::mousePress(&w->knopenWidget(), Qt::RightButton, Qt::NoModifier, pixel(pane, x(1), 375));
     moveWith(w->knopenWidget(), Qt::RightButton, pixel(pane, x(1.5), 375));
     EXPECT_NEAR(w->vec().knoop(4), 1.5, 0.01);
@@ -197,6 +193,12 @@ TEST_F(EditorTest, ARightDragInTheKnotPaneMovesTheKnotAndTheReleaseRecordsIt) {
     EXPECT_DOUBLE_EQ(w->vec().knoop(4), 2.0 - 1e-6);
     EXPECT_FALSE(w->vec().openuniform);
     EXPECT_EQ(version(), before + 1);
+
+    w->mntBeeldKnopenVector_Click();
+    EXPECT_EQ(w->Knopen().width(), 0.0);
+    w->resize(w->width() - 100, w->height());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(w->Knopen().width(), 0.0);
 }
 
 TEST_F(EditorTest, ZoomHalvesAndDoublesTheViewAndTheDiscs) {
@@ -248,9 +250,7 @@ TEST_F(EditorTest, DetailAndViewToggles) {
 
     w->menu("mntBeeldKnooppunten")->trigger();
     EXPECT_FALSE(w->menu("mntBeeldKnooppunten")->isChecked());
-    for (const DrawRecord& r : doekLog()) {
-        EXPECT_NE(r.colour, setting(1));  // no knot discs
-    }
+    EXPECT_TRUE(recordsOf(w->Doek(), DrawKind::kCircle, setting(1)).empty());  // no knot discs
     w->menu("mntbeeldsleepdetail")->trigger();
     EXPECT_FALSE(w->sleep_detail);
 
@@ -263,6 +263,64 @@ TEST_F(EditorTest, DetailAndViewToggles) {
         const QRect pane = w->mengWidget().geometry();
         EXPECT_EQ(pane, fromMenu ? QRect(w->doekWidget().width() - 200, 0, 200, 200) : QRect());
     }
+}
+
+QByteArray inhoud(const QString& bestand) {
+    QFile file(bestand);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// What an export could disturb beyond the canvas' picture: every menu item and button, the
+// flags without one, the history and its versions in the undo directory.
+std::string stand(ZwierlijnVenster& w, const std::string& map) {
+    std::ostringstream s;
+    for (const QAction* a : w.findChildren<QAction*>()) {
+        s << a->objectName().toStdString() << a->isEnabled() << a->isChecked() << ' ';
+    }
+    s << w.segment << w.gewichtstat << w.ops().versie << w.ops().maxversie;
+    const QDir undo(QString::fromStdString(map + "/undoredo"));
+    for (const QFileInfo& f : undo.entryInfoList(QDir::Files, QDir::Name)) {
+        s << ' ' << f.fileName().toStdString() << inhoud(f.filePath()).toHex().toStdString();
+    }
+    return s.str();
+}
+
+// In each format, from a menu of its own after the classic three: the export asks for nothing
+// but the file, gives the renderer's figure byte for byte for the same curve, views, settings and
+// size, and leaves the drawing, its history and its view alone. A file that cannot be written
+// ends the action with its run-time error.
+TEST_F(EditorTest, ExportIsTheRenderersFigureAndLeavesEverythingAsItWas) {
+    const QList<QAction*> menus = w->menuBar()->actions();
+    EXPECT_TRUE(menus.size() == 4 && menus[2]->text() == "&Beeld" && menus[3]->text() == "E&xtra");
+    testCurve();
+    w->menu(QStringLiteral("mntBeeldBezier"))->trigger();
+    w->menu(QStringLiteral("mntBeeldMengFuncties"))->trigger();
+    w->ops().opslaan(dir.file("k.zwl"));
+    const std::string voor = stand(*w, dir.path());
+    const QImage doek = w->Doek().image().copy();
+    const auto pad = [&](const char* naam) { return QString::fromStdString(dir.file(naam)); };
+    for (const char* soort : {"svg", "png", "pdf", "nee/f.svg"}) {
+        const QString editor = pad("editor.") + QLatin1String(soort);
+        dialogs.queueFileName(editor.toStdString());
+        w->menu(QStringLiteral("mntExtraExporteren"))->trigger();
+        const QString render = pad("render.") + QLatin1String(soort);
+        QProcess p;
+        p.start(QStringLiteral(ZW_RENDER),
+                {pad("k.zwl"), render, QStringLiteral("--grootte"),
+                 QStringLiteral("%1x%2").arg(w->Doek().pixelWidth()).arg(w->Doek().pixelHeight()),
+                 "--bezier", "--mengfuncties", "--instellingen", pad("zwierlijn")});
+        ASSERT_TRUE(p.waitForFinished(60000));
+        // A PDF carries the time it was made.
+        EXPECT_TRUE(soort[1] == 'd' || inhoud(editor) == inhoud(render)) << soort;
+        EXPECT_EQ(QFile::exists(editor), dialogs.messages().empty());
+    }
+    ASSERT_EQ(dialogs.messages().size(), 1u);
+    EXPECT_EQ(dialogs.messages()[0].text, errorMessage(RuntimeError(kErrPathNotFound)));
+    EXPECT_EQ(
+        dialogs.fileRequests().back().request.filter,
+        "SVG-afbeelding (*.svg)|*.svg|PDF-document (*.pdf)|*.pdf|PNG-afbeelding (*.png)|*.png");
+    EXPECT_EQ(stand(*w, dir.path()), voor);
+    EXPECT_EQ(w->Doek().image(), doek);
 }
 
 }  // namespace

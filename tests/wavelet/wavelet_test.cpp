@@ -235,20 +235,5 @@ TEST(WaveletStep, ARefinedCurveGoesBackToItsCoarsePointsAndWeights) {
     }
 }
 
-// log2 of the segment count compared exactly with 1 .. 7.
-TEST(WaveletStep, PowersOfTwoFrom2To128) {
-    Step s(3, 1);
-    std::mt19937 rng(1);
-    // 1 true, 0 false, otherwise the error number
-    const std::pair<int, int> cases[] = {
-        {0, kErrInvalidCall}, {1, 0}, {2, 1}, {3, 0}, {128, 1}, {256, 0}};
-    for (const auto& [segments, expected] : cases) {
-        s.w.setRandomCurve(rng, 3, segments + 2);
-        int result = 0;
-        const int error = errorOf([&] { result = s.wavelet.segmenten_macht_van_2() ? 1 : 0; });
-        EXPECT_EQ(error == 0 ? result : error, expected) << segments;
-    }
-}
-
 }  // namespace
 }  // namespace zw

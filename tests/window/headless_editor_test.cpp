@@ -2,6 +2,8 @@
 
 #include <filesystem>
 #include <random>
+#include <tuple>
+#include <vector>
 
 #include "editor_script.h"
 #include "headless_window.h"
@@ -40,16 +42,65 @@ TEST(HeadlessEditor, TheFuzzCorpusGoesThroughTheWholeEditor) {
     EXPECT_GT(opened, 0);
 }
 
-TEST(HeadlessEditor, HelftShowsTheKnotPointsAndChecksTheirItem) {
-    Editor e;
-    setCurve(e.w, 3, {{1000, 1000}, {3000, 4000}, {6000, 1000}, {8000, 3000}});
-    e.w.klik("mntBeeldKnooppunten");
-    ASSERT_FALSE(e.w.knooppunten);
-    ASSERT_FALSE(e.w.menus().vinkje("mntBeeldKnooppunten"));
-    e.w.klik("mntBewerkenSplineHelft");
-    EXPECT_TRUE(e.w.knooppunten);
-    EXPECT_TRUE(e.w.menus().vinkje("mntBeeldKnooppunten"));
-    EXPECT_EQ(e.w.polygoon().graad, 5.0f);  // two segments, each split once
+// The blending pane drawn from the menu: its marks, functions and frame in order, the curve on
+// the canvas. Order 1 marks every knot as inner; its blossom weighs no control point, so its real
+// range divides 0 by 0 (error 6) as the canvas does, after the marks. The window's tests switch
+// the pane on and off and place it.
+TEST(HeadlessEditor, TheBlendingPaneDrawsKnotMarksFunctionsAndFrame) {
+    const std::tuple<int, int, bool> cases[] = {{4, 7, false}, {4, 7, true}, {1, 4, false}};
+    for (const auto& [k, count, open] : cases) {
+        SCOPED_TRACE(k * 10 + open);
+        Editor e;
+        HeadlessEditor& w = e.w;
+        std::mt19937 rng(9);
+        std::uniform_int_distribution<int> at(500, 9000);
+        std::vector<std::pair<float, float>> points;
+        for (int i = 0; i < count; ++i) {
+            points.emplace_back(static_cast<float>(at(rng)), static_cast<float>(at(rng)));
+        }
+        setCurve(w, k, points, open);
+        w.meng().setLogging(true);
+        w.Doek().setLogging(true);
+        ASSERT_EQ(errorOf([&] { w.klik("mntBeeldMengFuncties"); }), k == 1 ? kErrOverflow : 0);
+        ASSERT_TRUE(w.mengstat);
+
+        // The domain's ends up the frame, then a tick per knot: the outer ones, then the inner.
+        const std::vector<double> u = HeadlessWindow::knotsOf(w);
+        const int L = static_cast<int>(u.size());
+        const auto x = [&](int i) { return (u[i] - u[0]) / ((u[L - 1] - u[0]) / 1000000); };
+        std::vector<std::tuple<double, double, Colour>> marks = {{x(k - 1), 100, w.lijnkleur},
+                                                                 {x(L - k), 100, w.lijnkleur}};
+        for (int i = 0; i < L; ++i) {
+            if (i <= k - 2 || i >= L - k + 1) {
+                marks.emplace_back(x(i), -10, w.virtueel);
+            }
+        }
+        for (int i = k - 1; i <= L - k; ++i) {
+            marks.emplace_back(x(i), -10, w.Reeel);
+        }
+        const std::vector<DrawRecord>& log = w.meng().log();
+        ASSERT_GE(log.size(), marks.size() + (k > 1 ? 3 : 0));
+        for (std::size_t m = 0; m < marks.size(); ++m) {
+            const auto& [mx, top, colour] = marks[m];
+            EXPECT_EQ(std::make_tuple(log[m].x1, log[m].y1, log[m].x2, log[m].y2, log[m].colour),
+                      std::make_tuple(mx, 0.0, mx, top, colour));
+        }
+        if (k == 1) {
+            continue;
+        }
+        // The frame's sides and its stub at the origin, not a base line.
+        const double frame[3][4] = {{0, 0, 0, 100}, {1e6, 0, 1e6, 100}, {0, 0, 100, 0}};
+        for (int m = 0; m < 3; ++m) {
+            const DrawRecord& r = log[log.size() - 3 + m];
+            EXPECT_EQ(
+                std::make_tuple(r.x1, r.y1, r.x2, r.y2, r.colour),
+                std::make_tuple(frame[m][0], frame[m][1], frame[m][2], frame[m][3], w.lijnkleur));
+        }
+        // The canvas keeps its curve: the pane's paint draws it there; the points are coloured.
+        w.Doek().refresh();
+        EXPECT_FALSE(recordsOf(w.Doek(), DrawKind::kLine, w.krommekleur).empty());
+        EXPECT_EQ(w.Doek().log().front().colour, w.kleur(0));
+    }
 }
 
 // Each picking mode: turned on, it turns the other off, mark and all, and draws nothing yet; a
@@ -63,10 +114,8 @@ TEST(HeadlessEditor, ViewsAndPickingModesFollowTheirItems) {
     w.Doek().setLogging(true);
     const auto discs = [&](Colour c) {
         std::vector<double> x;  // the points' x are distinct
-        for (const DrawRecord& r : w.Doek().log()) {
-            if (r.colour == c && r.kind == DrawKind::kCircle) {
-                x.push_back(r.x1);
-            }
+        for (const DrawRecord& r : recordsOf(w.Doek(), DrawKind::kCircle, c)) {
+            x.push_back(r.x1);
         }
         return x;
     };
