@@ -7,6 +7,7 @@
 int main(int argc, char** argv) {
     QApplication qtApp(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Zwierlijn"));
+    zw::useQtDutchTexts(qtApp);
     auto dialogs = std::make_unique<zw::QtDialogs>();
     zw::QtDialogs& qtDialogs = *dialogs;
     zw::Application app(zw::executableDirectory(), std::move(dialogs));

@@ -5,9 +5,11 @@
 #include <QEvent>
 #include <QEventLoop>
 #include <QFileDialog>
+#include <QLibraryInfo>
 #include <QMessageBox>
 #include <QRegularExpression>
 #include <QStringList>
+#include <QTranslator>
 
 #include "platform/runtime_error.h"
 #include "platform/surface.h"
@@ -90,6 +92,16 @@ QString toQtFileFilter(const std::string& classic) {
                                    patterns);
     }
     return filters.join(QLatin1String(";;"));
+}
+
+bool useQtDutchTexts(QCoreApplication& app) {
+    auto* translator = new QTranslator(&app);
+    if (!translator->load(QStringLiteral("qtbase_nl"),
+                          QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        delete translator;
+        return false;
+    }
+    return QCoreApplication::installTranslator(translator);
 }
 
 QWidget* QtDialogs::dialogParent() const {

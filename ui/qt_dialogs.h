@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include <QCoreApplication>
 #include <QPointer>
 #include <QString>
 #include <QWidget>
@@ -16,6 +17,11 @@ namespace zw {
 // patterns in one pair ("*.bmp;*.jpg") become Qt's space-separated list; a pair without a pattern
 // and a lone trailing description are left out.
 QString toQtFileFilter(const std::string& classic);
+
+// Qt's own texts in its dialogs (file and colour dialogs, buttons, the overwrite question) in
+// Dutch, whatever the machine's language, as every other text of the editor. False when Qt's Dutch
+// catalogue is not installed; the dialogs then keep Qt's English.
+bool useQtDutchTexts(QCoreApplication& app);
 
 class QtDialogs : public Dialogs {
   public:

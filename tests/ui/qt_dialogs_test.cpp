@@ -1,5 +1,8 @@
 #include "ui/qt_dialogs.h"
 
+#include <QApplication>
+#include <QFileDialog>
+#include <QLabel>
 #include <QTimer>
 #include <string>
 #include <utility>
@@ -31,6 +34,23 @@ TEST(QtColourTest, ConvertsBothWaysUsingTheLow24Bits) {
     for (const Colour c : {kBlack, kWhite, rgb(255, 0, 0), rgb(0, 255, 0), rgb(0, 0, 255)}) {
         EXPECT_EQ(fromQColor(toQColor(c)), c);
     }
+}
+
+// Qt's dialogs would speak the machine's language, English on a school's fresh installation.
+TEST(QtDialogsTest, FileDialogsSpeakDutch) {
+    QtDialogs dialogs;
+    QString lookIn;
+    QTimer::singleShot(0, [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        auto* label =
+            dialog ? dialog->findChild<QLabel*>(QStringLiteral("lookInLabel")) : nullptr;
+        lookIn = label ? label->text() : QString();
+        if (dialog) {
+            dialog->reject();
+        }
+    });
+    EXPECT_EQ(dialogs.saveFileName({"Zwl (*.zwl)|*.zwl", ".zwl", "Kromme opslaan"}), "");
+    EXPECT_EQ(lookIn, QStringLiteral("Zoeken in:"));
 }
 
 class TestWindow : public QWidget, public ShowableWindow {
