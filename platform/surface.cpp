@@ -582,11 +582,7 @@ void Surface::flush() const {
     if (kind == Batch::Kind::kStroke) {
         b.points.clear();
         b.stroke.appendTo(b.points);
-        if (target_ != nullptr) {
-            target_->polyline(b.points, toQColor(b.colour), b.width);
-        } else {
-            paintPolyline(image_, b.points, toQColor(b.colour), b.width);
-        }
+        paintRun(b.points, toQColor(b.colour), b.width);
         b.stroke.release();
         b.kept = 0;
         return;
@@ -598,15 +594,19 @@ void Surface::flush() const {
         if (f.fedX != b.fanPx) {
             b.points.emplace_back(b.fanPx, f.line.newest().y());
         }
-        const QColor colour = toQColor(b.palette[i % b.palette.size()]);
-        if (target_ != nullptr) {
-            target_->polyline(b.points, colour, b.width);
-        } else {
-            paintPolyline(image_, b.points, colour, b.width);
-        }
+        paintRun(b.points, toQColor(b.palette[i % b.palette.size()]), b.width);
         f.line.release();
     }
     b.kept = 0;
+}
+
+// Into the attached target, if there is one, else into the pixels.
+void Surface::paintRun(const std::vector<QPointF>& points, const QColor& colour, int width) const {
+    if (target_ != nullptr) {
+        target_->polyline(points, colour, width);
+    } else {
+        paintPolyline(image_, points, colour, width);
+    }
 }
 
 void Surface::discard() const {

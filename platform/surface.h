@@ -21,6 +21,7 @@
 
 #include <QColor>
 #include <QImage>
+#include <QPointF>
 
 #include "platform/colour.h"
 #include "platform/scale_mapper.h"
@@ -198,6 +199,7 @@ class Surface {
     QPainter& painter() const;
     // Paints the lines collected so far, or drops them when the image is cleared anyway.
     void flush() const;
+    void paintRun(const std::vector<QPointF>& points, const QColor& colour, int width) const;
     void discard() const;
     bool continuesFan(double x1, std::size_t count, const Colour* colours,
                       std::size_t colourCount) const;
