@@ -274,22 +274,24 @@ class Renderer {
             return kFoutTekenen;
         }
         controleerKeuzes(o_, *w_);
-        const std::string figuur =
-            o_.miniatuur ? map_.filePath(QStringLiteral("figuur.png")).toStdString() : o_.uit;
-        if (!zetBeeld() || !stap([&] { zw::exporteerAfbeelding(*w_, figuur); })) {
+        if (!zetBeeld()) {
             return kFoutTekenen;
         }
-        return o_.miniatuur ? verklein(figuur) : 0;
+        if (o_.miniatuur) {
+            QImage beeld;
+            return stap([&] { beeld = zw::afbeeldingAlsBeeld(*w_); }) ? verklein(beeld)
+                                                                      : kFoutTekenen;
+        }
+        return stap([&] { zw::exporteerAfbeelding(*w_, o_.uit); }) ? 0 : kFoutTekenen;
     }
 
   private:
     // File managers hand a thumbnailer a temporary name of their own choosing and want a PNG of
     // at most the size they ask, however large the canvas it shows.
-    int verklein(const std::string& figuur) const {
-        const QImage beeld(QString::fromStdString(figuur));
+    int verklein(const QImage& beeld) const {
         const int n = *o_.miniatuur;
-        if (beeld.isNull() || !beeld.scaled(n, n, Qt::KeepAspectRatio, Qt::SmoothTransformation)
-                                   .save(QString::fromStdString(o_.uit), "PNG")) {
+        if (!beeld.scaled(n, n, Qt::KeepAspectRatio, Qt::SmoothTransformation)
+                 .save(QString::fromStdString(o_.uit), "PNG")) {
             std::fprintf(stderr, "zwierlijn-render: kan de miniatuur %s niet schrijven\n",
                          o_.uit.c_str());
             return kFoutTekenen;

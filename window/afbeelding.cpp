@@ -126,7 +126,7 @@ QByteArray alsPdf(const Tekening& t) {
     return buffer.data();
 }
 
-QByteArray alsPng(const Tekening& t) {
+QImage alsBeeld(const Tekening& t) {
     const QSize pixels = t.grootte * kPngVerhouding;
     if (qint64{pixels.width()} * pixels.height() > kMaxPngPixels) {
         raise(kErrOutOfMemory);
@@ -145,9 +145,13 @@ QByteArray alsPng(const Tekening& t) {
         QPainter p(&beeld);
         schilder(t, p);
     }
+    return beeld;
+}
+
+QByteArray alsPng(const Tekening& t) {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    beeld.save(&buffer, "PNG");
+    alsBeeld(t).save(&buffer, "PNG");
     return buffer.data();
 }
 
@@ -201,6 +205,12 @@ void exporteerAfbeelding(Zwierlijn& venster, const std::string& bestand) {
             schrijf(bestand, alsPng(t));
             break;
     }
+}
+
+QImage afbeeldingAlsBeeld(Zwierlijn& venster) {
+    Tekening t;
+    teken(venster, t);
+    return alsBeeld(t);
 }
 
 }  // namespace zw

@@ -6,6 +6,8 @@
 
 #include <string>
 
+#include <QImage>
+
 namespace zw {
 
 class Zwierlijn;
@@ -21,5 +23,8 @@ Afbeeldingsoort afbeeldingsoort(const std::string& bestand);
 // they were. A canvas without pixels raises
 // error 5; a file that cannot be written, its classic error (75, 76, or 61 when it is cut short).
 void exporteerAfbeelding(Zwierlijn& venster, const std::string& bestand);
+
+// The picture a PNG export holds, at twice the canvas' pixels, without a file.
+QImage afbeeldingAlsBeeld(Zwierlijn& venster);
 
 }  // namespace zw
