@@ -1,9 +1,9 @@
 // What a user can do with a curve file, as one script of user actions on the whole editor: open
 // it, see it with the knot pane, split every segment, insert a knot, take a wavelet step, drag a
 // weight, see its Bezier notation and pick a point and a parameter, show the blending functions,
-// zoom, undo and redo. Each step is one action in the event guard, as the editor runs it, so
-// each ends in success or in its classic run-time error, within its budget of work. The fuzz
-// target and the corpus replay share it.
+// zoom, undo and redo, export a figure. Each step is one action in the event guard, as the editor
+// runs it, so each ends in success or in its classic run-time error, within its budget of work.
+// The fuzz target and the corpus replay share it.
 #pragma once
 
 #include <string>
@@ -76,6 +76,11 @@ inline bool speelAf(HeadlessEditor& w, ScriptedDialogs& dialogs, const std::stri
          {"mntBeeldZoomInzoemen", "mntBeeldZoomUitzoemen", "mntBewerkenUndo", "mntBewerkenRedo"}) {
         guard.run([&] { w.klik(naam); });
     }
+    // A figure of all of it, as "Extra > Exporteren..." writes it.
+    guard.run([&] {
+        dialogs.queueFileName(w.programDirectory() + "/figuur.svg");
+        w.klik("mntExtraExporteren");
+    });
     guard.run([&] { w.klik("mntBeeldMengFuncties"); });
     // Any other button: every weight back to 1. Then "Nieuw" unloads the window and the toolbar
     // shows it again, which loads it anew with the weights it kept.
