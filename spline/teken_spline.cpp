@@ -117,13 +117,27 @@ class Kromme {
             return;
         }
         // The width is an Integer property: tripling past 32767 overflows. Tripled and divided
-        // again it is whole, and CInt gives it back as it is.
+        // again it is whole, which is the width it had; a line that raises (its work past the
+        // budget) gets it back all the same, or every later redraw would draw three times wider.
         const int breedte = doek.drawWidth();
         doek.setDrawWidth(toInteger(breedte * 3.0));
+        const Breedte terug(doek, breedte);
         doek.line(vorig_.X, vorig_.Y, p.X, p.Y, kleur_);
-        const int nu = doek.drawWidth();
-        doek.setDrawWidth(nu % 3 == 0 ? nu / 3 : toInteger(nu / 3.0));
     }
+
+    // Gives the canvas its width back when it goes out of scope, however. The width came from
+    // the canvas, so setting it again cannot raise.
+    class Breedte {
+      public:
+        Breedte(Surface& doek, int breedte) : doek_(doek), breedte_(breedte) {}
+        ~Breedte() { doek_.setDrawWidth(breedte_); }
+        Breedte(const Breedte&) = delete;
+        Breedte& operator=(const Breedte&) = delete;
+
+      private:
+        Surface& doek_;
+        const int breedte_;
+    };
 
     MainWindow& window_;
     const BlossomFunctie& functie_;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "headless_window.h"
+#include "platform/werk.h"
 #include "views/beeld.h"
 
 namespace zw {
@@ -255,6 +256,16 @@ TEST(TekenSpline, FaultsRaiseRunTimeErrors) {
     w.setRandomCurve(rng, 4, 5);
     w.Doek().setDrawWidth(11000);  // cannot be tripled in an Integer
     EXPECT_EQ(errorOf([&] { w.evaluator().teken_spline(); }), kErrOverflow);
+    // A redraw that runs out of work stops wherever its budget does, and the canvas keeps its
+    // width.
+    w.Doek().setDrawWidth(2);
+    int fouten = 0;
+    for (std::uint64_t grens = 500; grens < 60000; grens += 1700) {
+        Werkbudget budget(grens);
+        fouten += errorOf([&] { w.evaluator().teken_spline(); }) == kErrOutOfMemory;
+        ASSERT_EQ(w.Doek().drawWidth(), 2) << grens;
+    }
+    EXPECT_GT(fouten, 0);
     w.Doek().setDrawWidth(1);
     w.evaluator().stap = 0;  // would sample for ever
     EXPECT_EQ(errorOf([&] { w.evaluator().teken_spline(); }), kErrOverflow);
