@@ -38,14 +38,14 @@ void coordinaten::dimensioneer_punten(float aantal) {
     p_.redim(aantal);
 }
 
-void coordinaten::teken_controlepunten_in_kleur() {
+void coordinaten::teken_controlepunten_in_kleur(std::uint32_t keer) {
     Surface& doek = window_.Doek();
     doek.setFillStyle(kFillSolid);
     forSingle(0.0f, graad, 1.0f, [&](float i) {
         const Colour c = window_.kleur(i);
         doek.setFillColour(c);
         const Punt& punt = punten(i);
-        doek.circle(punt.X, punt.Y, window_.ControleStraal, c);
+        doek.circle(punt.X, punt.Y, window_.ControleStraal, c, keer);
     });
     doek.setFillColour(window_.controlkleur);
 }

@@ -1,6 +1,7 @@
 // The control polygon of the one curve being edited, with the curve's order.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 
 #include "geometry/punt.h"
@@ -31,7 +32,8 @@ class coordinaten {
     void splits(const PuntArray& nieuw);
     // Empties the polygon to `aantal` empty slots (and one spare) before it is filled by zet_punt.
     void dimensioneer_punten(float aantal);
-    void teken_controlepunten_in_kleur();
+    // Every point as a disc in its own colour, drawn `keer` times over itself (Surface::circle).
+    void teken_controlepunten_in_kleur(std::uint32_t keer = 1);
     // The index of the nearest point, the lowest on a tie; there is no search radius.
     float zoek_punt(float x, float y) const;
     void zet_punt(float index, const Punt& p);

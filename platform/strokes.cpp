@@ -1,6 +1,7 @@
 #include "platform/strokes.h"
 
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -407,14 +408,15 @@ void paintPolyline(QImage& image, const std::vector<QPointF>& points, const QCol
 bool DiscSprites::Key::operator==(const Key& o) const {
     return radiusBits == o.radiusBits && ratioBits == o.ratioBits && pen == o.pen &&
            fill == o.fill && width == o.width && filled == o.filled && quarterX == o.quarterX &&
-           quarterY == o.quarterY;
+           quarterY == o.quarterY && times == o.times;
 }
 
 std::size_t DiscSprites::KeyHash::operator()(const Key& k) const {
     std::size_t h = std::hash<std::uint64_t>()(k.radiusBits);
     for (const std::uint64_t part : {k.ratioBits, std::uint64_t{k.pen}, std::uint64_t{k.fill},
                                      static_cast<std::uint64_t>(k.width) * 2 + (k.filled ? 1 : 0),
-                                     static_cast<std::uint64_t>(k.quarterX * 4 + k.quarterY)}) {
+                                     static_cast<std::uint64_t>(k.quarterX * 4 + k.quarterY),
+                                     std::uint64_t{k.times}}) {
         h = h * 1000003u ^ std::hash<std::uint64_t>()(part);
     }
     return h;
@@ -437,6 +439,7 @@ DiscSprites::Sprite DiscSprites::render(const Style& style, double radius, qreal
         setStyle(painter, style);
         painter.drawEllipse(QPointF((half + fx) / ratio, (half + fy) / ratio), radius, radius);
     }
+    overtekend(image, style.times);
     Sprite sprite;
     sprite.side = side;
     for (int y = 0; y < side; ++y) {
@@ -457,6 +460,35 @@ DiscSprites::Sprite DiscSprites::render(const Style& style, double radius, qreal
         }
     }
     return sprite;
+}
+
+// A premultiplied pixel p of alpha a drawn n times over any background d gives
+// p (1 + (1 - a) + ... + (1 - a)^(n - 1)) + d (1 - a)^n: once the pixel p (1 - (1 - a)^n) / a.
+// Opaque pixels stay as they are.
+void DiscSprites::overtekend(QImage& image, std::uint32_t times) {
+    if (times <= 1) {
+        return;
+    }
+    double factor[256];
+    for (int a = 1; a < 256; ++a) {
+        const double alpha = a / 255.0;
+        factor[a] = (1.0 - std::pow(1.0 - alpha, static_cast<double>(times))) / alpha;
+    }
+    for (int y = 0; y < image.height(); ++y) {
+        auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            const int a = qAlpha(row[x]);
+            if (a == 0 || a == 255) {
+                continue;
+            }
+            const auto scaled = [&](int c) {
+                return std::min(255, static_cast<int>(std::lround(c * factor[a])));
+            };
+            const int na = scaled(a);
+            row[x] = qRgba(std::min(na, scaled(qRed(row[x]))), std::min(na, scaled(qGreen(row[x]))),
+                           std::min(na, scaled(qBlue(row[x]))), na);
+        }
+    }
 }
 
 // Source-over, clipped to the target, with the rounding of the painter's own copy of an image.
@@ -504,8 +536,8 @@ bool DiscSprites::paint(QImage& target, QPointF centre, double radius, const Sty
     quarters(cx, ix, qx);
     quarters(cy, iy, qy);
     const int half = static_cast<int>(std::ceil(extent)) + 2;
-    const Key key{bitsOf(radius), bitsOf(ratio), style.pen, style.fill,
-                  style.width,    style.filled,  qx,        qy};
+    const Key key{bitsOf(radius), bitsOf(ratio), style.pen, style.fill, style.width,
+                  style.filled,   qx,            qy,        style.times};
     auto found = sprites_.find(key);
     if (found == sprites_.end()) {
         if (sprites_.size() >= kMaxSprites) {

@@ -76,6 +76,8 @@ class DiscSprites {
         int width;
         bool filled;
         QRgb fill;
+        // Drawn so many times over itself: its rim's coverage a becomes 1 - (1 - a)^times.
+        std::uint32_t times = 1;
     };
     // Draws the circle at `centre` (logical pixels) into `target` (premultiplied ARGB), as
     // QPainter::drawEllipse draws it with a pen of the style's colour and width and a solid brush
@@ -94,6 +96,7 @@ class DiscSprites {
         bool filled;
         int quarterX;
         int quarterY;
+        std::uint32_t times;
         bool operator==(const Key& o) const;
     };
     struct KeyHash {
@@ -115,6 +118,7 @@ class DiscSprites {
     };
     static Sprite render(const Style& style, double radius, qreal ratio, int half, double fx,
                          double fy);
+    static void overtekend(QImage& image, std::uint32_t times);
     static void copy(QImage& target, const Sprite& sprite, long left, long top);
 
     std::unordered_map<Key, Sprite, KeyHash> sprites_;

@@ -72,6 +72,9 @@ constexpr std::size_t kFanRun = 256;
 // the same: the rasteriser meets them only as part of a longer stroke.
 constexpr std::uint64_t kWerkVervolg = 100;
 constexpr std::uint64_t kWerkWaaier = 2;
+// A disc the painter draws itself is drawn over itself at most this often: a rim pixel of
+// coverage a quarter is then within a hundredth of full.
+constexpr std::uint32_t kMaxOvertekenen = 16;
 
 QRgb opaque(Colour c) {
     return qRgb(redOf(c), greenOf(c), blueOf(c));
@@ -295,9 +298,10 @@ void Surface::setFillStyle(int style) {
 // Each record carries the pen and fill in force at the time, so later changes of state cannot
 // rewrite what the log says was drawn.
 void Surface::logPrimitive(DrawKind kind, double x1, double y1, double x2, double y2, double radius,
-                           Colour colour) {
+                           Colour colour, std::uint32_t times) {
     if (logging_) {
-        log_.push_back({kind, x1, y1, x2, y2, radius, colour, drawWidth_, fillStyle_, fillColour_});
+        log_.push_back(
+            {kind, x1, y1, x2, y2, radius, colour, drawWidth_, fillStyle_, fillColour_, times});
     }
 }
 
@@ -519,12 +523,15 @@ void Surface::extendFan(double x2, double px1, double px2) {
     }
 }
 
-void Surface::circle(double x, double y, double radius, Colour colour) {
+void Surface::circle(double x, double y, double radius, Colour colour, std::uint32_t times) {
+    if (times == 0) {
+        return;
+    }
     const ScaleMapper& map = mapper();
     const QPointF centre(map.toPixelX(x), map.toPixelY(y));
     const double pixelRadius = map.widthToPixels(radius);
     werk(kWerkCirkel + kWerkPerPixelStraal * bedekt(pixelRadius));
-    logPrimitive(DrawKind::kCircle, x, y, 0.0, 0.0, radius, colour);
+    logPrimitive(DrawKind::kCircle, x, y, 0.0, 0.0, radius, colour, times);
     flush();
     if (!isFinite(centre) || !std::isfinite(pixelRadius)) {
         return;
@@ -534,8 +541,9 @@ void Surface::circle(double x, double y, double radius, Colour colour) {
     }
     const bool filled = fillStyle_ == kFillSolid;
     const DiscSprites::Style style{opaque(colour), drawWidth_, filled,
-                                   filled ? opaque(fillColour_) : 0u};
+                                   filled ? opaque(fillColour_) : 0u, times};
     if (target_ != nullptr) {
+        // A figure's disc has an exact edge, which the viewer smooths: drawn once.
         target_->circle(centre, pixelRadius, style);
         return;
     }
@@ -544,9 +552,13 @@ void Surface::circle(double x, double y, double radius, Colour colour) {
         finishPainting();
     }
     if (!batch_->discs.paint(image_, centre, pixelRadius, style)) {
+        // A disc too large for a sprite, or a ratio that is not whole: drawn again and again,
+        // up to a bound past which the rim's coverage hardly grows.
         QPainter& p = painter();
         DiscSprites::setStyle(p, style);
-        p.drawEllipse(centre, pixelRadius, pixelRadius);
+        for (std::uint32_t n = std::min(times, kMaxOvertekenen); n > 0; --n) {
+            p.drawEllipse(centre, pixelRadius, pixelRadius);
+        }
     }
     notifyImageChanged();
 }

@@ -61,6 +61,8 @@ struct DrawRecord {
     int drawWidth = 1;
     int fillStyle = kFillTransparent;
     Colour fillColour = kBlack;
+    // Circles only: how many times it was drawn over itself in one call.
+    std::uint32_t times = 1;
 };
 
 // What the widget showing a surface needs to hear about.
@@ -125,8 +127,11 @@ class Surface {
     void lineFan(double x1, const float* y1, double x2, const float* y2, std::size_t count,
                  const Colour* colours, std::size_t colourCount, std::size_t movedFrom,
                  std::size_t movedTo);
-    // The radius is in horizontal scale units; the circle is round in pixels.
-    void circle(double x, double y, double radius, Colour colour);
+    // The radius is in horizontal scale units; the circle is round in pixels. Drawn `times` times
+    // over itself at the cost of once: what is opaque stays so, and the antialiased rim builds up
+    // as repeated drawing builds it, a pixel's coverage a becoming 1 - (1 - a)^times. Zero times
+    // draws nothing.
+    void circle(double x, double y, double radius, Colour colour, std::uint32_t times = 1);
     void setDrawWidth(int pixels);  // 1..32767, else error 380
     int drawWidth() const { return drawWidth_; }
     void setFillStyle(int style);  // 0..7, else error 380; only 0 (solid) fills
@@ -194,7 +199,7 @@ class Surface {
         return covered == covered ? static_cast<std::uint64_t>(diagonal_) : 0;  // NaN covers none
     }
     void logPrimitive(DrawKind kind, double x1, double y1, double x2, double y2, double radius,
-                      Colour colour);
+                      Colour colour, std::uint32_t times = 1);
     void paint(const std::function<void(QPainter&)>& draw);
     QPainter& painter() const;
     // Paints the lines collected so far, or drops them when the image is cleared anyway.
