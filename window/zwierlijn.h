@@ -63,6 +63,7 @@ class Zwierlijn : public MainWindow {
     // --- Drawing on the canvas -------------------------------------------------------------------
     void teken_lijn(const Punt& P1, const Punt& P2, Colour kleur);
     void teken_punt(float index, bool gemarkeerd);
+    void teken_been(float i);
 
     // --- Event handlers --------------------------------------------------------------------------
     void Doek_MouseDown(int Button, int Shift, float X, float Y);
@@ -140,7 +141,9 @@ class Zwierlijn : public MainWindow {
     // The picking modes of a left click on the canvas, of which at most one is on.
     bool segmenten_per_controlepunt = false;
     bool controlepunten_per_segment = false;
-    // What the picking modes picked last: a control point and a curve parameter.
+    // What the picking modes picked last: a control point and a curve parameter. A pick the
+    // curve no longer has is forgotten: the index becomes kGeenKeuze, the parameter NaN.
+    static constexpr std::int32_t kGeenKeuze = -1;
     std::int32_t gekozen_index = 0;
     double gekozen_twaarde = 0.0;
     // The control point or knot being dragged.
@@ -180,8 +183,14 @@ class Zwierlijn : public MainWindow {
     void zetDetail(const char* item, float stap);
     // A picking mode's item: on, it turns the other mode off; off, it clears the colouring.
     void wisselKiesmodus(bool& modus, const char* item, bool& andere, const char* andereItem);
+    // The polygon with its points in their colours, while the blending pane or the weights
+    // window is on.
+    void tekenPolygoonInKleur();
     // The Bezier notation and the colourings over the curve.
     void tekenAfgeleid();
+    void vergeetVerlopenKeuzes();
+    // Whether t lies in the curve's real range.
+    bool opDeKromme(double t) const;
     void sleepPunt(float X, float Y);
     // What a left click on the canvas does, by the modes: pick, append a point or insert a knot.
     void linkerklik(float X, float Y);

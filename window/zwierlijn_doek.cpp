@@ -1,6 +1,8 @@
 // The canvas and the knot pane: mouse handling and the canvas' redraw.
 #include "window/zwierlijn.h"
 
+#include <cmath>
+
 #include "geometry/coordinaten.h"
 #include "knots/knoop_vector.h"
 #include "platform/numeric.h"
@@ -109,17 +111,16 @@ void Zwierlijn::Doek_MouseUp(int Button, int, float X, float Y) {
 // over it, the knot pane.
 void Zwierlijn::Doek_Paint() {
     doek_.setBackColour(doekkleur);
-    forSingle(0.0f, polygon_->graad, 1.0f, [&](float i) {
-        if (!mengstat && !gewichtstat) {
+    if (!mengstat && !gewichtstat) {
+        forSingle(0.0f, polygon_->graad, 1.0f, [&](float i) {
             teken_punt(i, false);
-        } else {
-            // Every point's colour once per point, as the classic program drew them.
-            polygon_->teken_controlepunten_in_kleur();
-        }
-        if (i > 0.0f) {
-            teken_lijn(polygon_->punten(addSingle(i, -1.0f)), polygon_->punten(i), lijnkleur);
-        }
-    });
+            if (i > 0.0f) {
+                teken_been(i);
+            }
+        });
+    } else {
+        tekenPolygoonInKleur();
+    }
     zet_menus();
     zet_knoppen();
     if (!mengstat) {
@@ -131,10 +132,48 @@ void Zwierlijn::Doek_Paint() {
         meng_.setBackColour(doekkleur);
         meng_.refresh();
     }
+    vergeetVerlopenKeuzes();
     if (polygon_->orde > 0.0f) {
         tekenAfgeleid();
     }
     plaats_knopenvenster();
+}
+
+// The leg from point i - 1 to point i.
+void Zwierlijn::teken_been(float i) {
+    teken_lijn(polygon_->punten(addSingle(i, -1.0f)), polygon_->punten(i), lijnkleur);
+}
+
+// The classic program draws every point in its colour once per point: pass i draws all the
+// discs, then the leg to point i. Each leg thus lies under the discs of every later pass, and the
+// discs of the last pass lie over every disc before them. Drawn so, a curve of a thousand points
+// would ask for a million discs. The passes but the last are folded into one disc per point
+// drawn n times over itself (Surface::circle), with the legs they cover under it and the leg of
+// pass n - 1 over it; the last pass is drawn as the loop draws it. The picture is the loop's but
+// on the antialiased rims, where n passes build up the coverage by its formula rather than in
+// 8-bit steps, and where a leg lies under more passes than the loop gave it.
+void Zwierlijn::tekenPolygoonInKleur() {
+    std::uint32_t gangen = 0;
+    float laatste = -1.0f;
+    forSingle(0.0f, polygon_->graad, 1.0f, [&](float i) {
+        ++gangen;
+        laatste = i;
+    });
+    if (gangen == 0) {
+        return;
+    }
+    const float voorlaatste = addSingle(laatste, -1.0f);
+    forSingle(1.0f, addSingle(voorlaatste, -1.0f), 1.0f, [&](float i) { teken_been(i); });
+    if (gangen > 1) {
+        polygon_->teken_controlepunten_in_kleur(gangen - 1);
+    }
+    if (voorlaatste > 0.0f) {
+        teken_been(voorlaatste);
+    }
+    polygon_->teken_controlepunten_in_kleur();
+    if (laatste > 0.0f) {
+        teken_been(laatste);
+    }
 }
 
 // The colourings show the last pick, as the click drew it.
@@ -142,12 +181,36 @@ void Zwierlijn::tekenAfgeleid() {
     if (bezier) {
         be_->bereken_bezier_notatie();
     }
-    if (segmenten_per_controlepunt) {
+    if (segmenten_per_controlepunt && gekozen_index >= 0) {
         be_->kleur_segmenten(static_cast<float>(gekozen_index));
     }
-    if (controlepunten_per_segment) {
+    if (controlepunten_per_segment && !std::isnan(gekozen_twaarde)) {
         be_->kleur_controlepunten(toSingle(gekozen_twaarde));
     }
+}
+
+// Undo, Redo, Openen and the wavelet step replace the curve under a pick. A point index past the
+// last point, or a parameter outside the real range (knot k - 1 to knot L - k), no longer names
+// anything on the canvas, and neither does a parameter while there is no curve: it is forgotten,
+// so it colours nothing now nor after a Redo brings the curve back, and the next click picks
+// afresh.
+void Zwierlijn::vergeetVerlopenKeuzes() {
+    if (gekozen_index > polygon_->graad) {
+        gekozen_index = kGeenKeuze;
+    }
+    if (!std::isnan(gekozen_twaarde) && !opDeKromme(gekozen_twaarde)) {
+        gekozen_twaarde = std::nan("");
+    }
+}
+
+bool Zwierlijn::opDeKromme(double t) const {
+    const float k = polygon_->orde;
+    if (!(k > 0.0f)) {
+        return false;
+    }
+    const float eerste = addSingle(k, -1.0f);
+    const float laatste = addSingle(vec_->knopenlengte, -k);
+    return t >= vec_->knoop(eerste) && t <= vec_->knoop(laatste);
 }
 
 void Zwierlijn::Knopen_MouseDown(int, int, float X, float) {

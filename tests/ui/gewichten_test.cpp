@@ -95,8 +95,9 @@ TEST_F(WeightsTest, OpensBesideTheCanvasAndClosingKeepsTheWeights) {
     for (const DrawRecord& r : doekLog()) {
         for (int i = 0; i < 5; ++i) {
             const Punt& p = w->polygoon().punten(i);
-            coloured += r.kind == DrawKind::kCircle && r.colour == w->kleur(i) && r.x1 == p.X &&
-                        r.y1 == p.Y && r.fillColour == w->kleur(i);
+            const bool disc = r.kind == DrawKind::kCircle && r.colour == w->kleur(i) &&
+                              r.x1 == p.X && r.y1 == p.Y && r.fillColour == w->kleur(i);
+            coloured += disc ? static_cast<int>(r.times) : 0;
         }
     }
     EXPECT_EQ(coloured, 25);
