@@ -6,6 +6,8 @@
 // With every view on: the blending pane, the Bezier notation, the segments of the middle control
 // point in colour and the knot pane, for 64 segments.
 //
+// A curve of 1,000 and of 4,096 points with every view on and the weights window open.
+//
 // Beside them the canvas alone as the surface used to rasterise it, for the ratio: the same
 // redraw with the log on, then every logged primitive stroked on its own with a fresh pen, as
 // each line and circle was before lines were collected.
@@ -13,6 +15,7 @@
 
 #include <QImage>
 #include <QPainter>
+#include <cmath>
 #include <random>
 #include <vector>
 
@@ -120,6 +123,61 @@ void BM_DoekAllesAan(benchmark::State& state) {
     }
 }
 
+// `aantal` points strewn at random over the canvas (every leg and segment crosses much of it:
+// the most pixels), or along a winding path as refining a drawn curve leaves them.
+std::vector<std::pair<float, float>> groteKromme(std::int64_t aantal, bool pad) {
+    std::mt19937 rng(7);
+    std::uniform_int_distribution<int> x(500, 20500), y(500, 14000);
+    std::vector<std::pair<float, float>> punten;
+    for (std::int64_t i = 0; i < aantal; ++i) {
+        if (pad) {
+            const double a = 2.0 * M_PI * static_cast<double>(i) / static_cast<double>(aantal);
+            punten.emplace_back(static_cast<float>(10500 + 9000 * std::sin(3 * a)),
+                                static_cast<float>(7500 + 6000 * std::sin(4 * a)));
+        } else {
+            const auto px = static_cast<float>(x(rng));
+            punten.emplace_back(px, static_cast<float>(y(rng)));
+        }
+    }
+    return punten;
+}
+
+// A curve of a thousand points and more, as nine "Helft"s make of a cubic, with every view on:
+// the weights window open (every point drawn in its colour once per point), the blending pane,
+// the Bezier notation and the knot pane, on a canvas of 1400 x 1000 pixels. A cubic with uniform
+// unit knots at the "High" detail; each redraw runs as the editor runs it, within the budget of
+// work of one action, and one that runs out of it is reported. Arguments: the number of points,
+// and 1 for points along a path, 0 for points at random.
+void BM_GroteKromme(benchmark::State& state) {
+    zw::TestDir dir;
+    zw::ScriptedDialogs dialogs;
+    zw::HeadlessEditor w{dir.path(), dialogs, 1400, 1000};
+    w.start();
+    zw::setCurve(w, 4, groteKromme(state.range(0), state.range(1) != 0));
+    for (const char* item : {"mntBeeldGewichten", "mntBeeldMengFuncties", "mntBeeldBezier"}) {
+        w.klik(item);
+    }
+    if (!w.knopen_zichtbaar) {
+        w.klik("mntBeeldKnopenVector");
+    }
+    std::uint64_t werk = 0;
+    for (auto _ : state) {
+        zw::Werkbudget budget;
+        try {
+            w.Doek().refresh();
+            for (zw::Surface* s : {&w.Doek(), &w.meng(), &w.Knopen()}) {
+                benchmark::DoNotOptimize(s->image().constBits());
+            }
+        } catch (const zw::RuntimeError& fout) {
+            state.SkipWithError(zw::errorMessage(fout).c_str());
+            break;
+        }
+        werk = zw::Werkbudget::gedaan();
+    }
+    state.counters["budget%"] =
+        100.0 * static_cast<double>(werk) / static_cast<double>(zw::kWerkGrens);
+}
+
 void krommen(benchmark::internal::Benchmark* b) {
     for (const int segmenten : {64, 16}) {
         for (const int orde : {2, 4, 8}) {
@@ -133,5 +191,10 @@ BENCHMARK(BM_DoekZoalsVroeger)->Apply(krommen);
 BENCHMARK(BM_Doek)->Apply(krommen);
 BENCHMARK(BM_DoekEnMeng)->Apply(krommen);
 BENCHMARK(BM_DoekAllesAan)->ArgsProduct({{64}, {2, 4, 8}})->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_GroteKromme)
+    ->Args({1000, 0})
+    ->Args({1000, 1})
+    ->Args({4096, 0})
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace

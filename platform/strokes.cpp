@@ -14,9 +14,10 @@ namespace {
 // Discs whose half extent passes this many device pixels are drawn directly; the bound keeps
 // every image small.
 constexpr int kMaxSpriteHalf = 24;
-// Beyond this many images the cache starts again: a few colours at sixteen quarter-pixel
-// positions is all a redraw needs.
-constexpr std::size_t kMaxSprites = 256;
+// Beyond this many images the cache starts again. A redraw with every view on needs some three
+// hundred: the points' eight colours at sixteen quarter-pixel positions, each drawn at two
+// counts, the knot points' colour and the Bezier notation's.
+constexpr std::size_t kMaxSprites = 1024;
 // Positions this far out are never on the image; they are left to the painter's clipping.
 constexpr double kMaxSpritePosition = 1e6;
 

@@ -31,7 +31,7 @@ void checkRecursionSize(std::int32_t k) {
 }
 
 BlossomEngine::BlossomEngine(const double* knots, std::size_t knotCount, float L, std::int32_t k,
-                             float sigma)
+                             float sigma, std::int32_t* geordend)
     : knots_(knots),
       knotCount_(knotCount),
       L_(L),
@@ -40,6 +40,11 @@ BlossomEngine::BlossomEngine(const double* knots, std::size_t knotCount, float L
       keyLength_(k > 1 ? static_cast<std::size_t>(k - 1) : 0),
       stride_(keyLength_ + static_cast<std::size_t>(k < 0 ? 0 : k) + 1) {
     checkRecursionSize(k);
+    std::fill(slots_, slots_ + slotCount_, -1);
+    if (geordend != nullptr && *geordend >= 0) {
+        sortedPrefix_ = *geordend;
+        return;
+    }
     // The run search visits knots 0, 1, ... while the index is below L; where they are in order
     // it may bisect them.
     const double visited = L > 0.0f ? std::ceil(static_cast<double>(L)) : 0.0;
@@ -51,7 +56,9 @@ BlossomEngine::BlossomEngine(const double* knots, std::size_t knotCount, float L
     }
     sortedPrefix_ = std::min(sortedPrefix_, searchable);
     werk(static_cast<std::uint64_t>(sortedPrefix_));
-    std::fill(slots_, slots_ + slotCount_, -1);
+    if (geordend != nullptr) {
+        *geordend = sortedPrefix_;
+    }
 }
 
 double BlossomEngine::knot(std::int64_t i) const {

@@ -35,9 +35,11 @@ class BlossomEngine {
   public:
     // `knots` holds `knotCount` values (the knots and the spare slot), of which the first `L`
     // are knots; k is the order, sigma the segment number. Orders whose recursion cannot fit the
-    // array limit raise error 7, negative ones error 9.
-    BlossomEngine(const double* knots, std::size_t knotCount, float L, std::int32_t k,
-                  float sigma);
+    // array limit raise error 7, negative ones error 9. How far the knots run in order is found
+    // by a scan of them, unless `geordend` holds it from an engine on the same knots; a negative
+    // value there is replaced by what the scan finds.
+    BlossomEngine(const double* knots, std::size_t knotCount, float L, std::int32_t k, float sigma,
+                  std::int32_t* geordend = nullptr);
     BlossomEngine(const BlossomEngine&) = delete;
     BlossomEngine& operator=(const BlossomEngine&) = delete;
 

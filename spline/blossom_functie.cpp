@@ -67,17 +67,18 @@ void BlossomFunctie::blossom(const Array<double>& argumentenlijst, float segment
         kopieer(result, static_cast<std::size_t>(k) + 1, c.data());
         return;
     }
-    BlossomEngine engine(knopen.data(), knopen.size(), vec.knopenlengte, k, segment);
+    BlossomEngine engine(knopen.data(), knopen.size(), vec.knopenlengte, k, segment,
+                         &knoopvolgorde.geordend);
     const double* result = engine.evaluate(argumentenlijst.data());
     std::copy(result, result + k + 1, c.data());
 }
 
-SegmentBlossom::SegmentBlossom(MainWindow& window, float segment)
+SegmentBlossom::SegmentBlossom(MainWindow& window, float segment, std::int32_t* geordend)
     : k_(wholeOrder(window.polygoon().orde)) {
     const KnoopVector& vec = window.vec();
     const Array<double>& knopen = vec.knopen();
     engine_ = std::make_unique<BlossomEngine>(knopen.data(), knopen.size(), vec.knopenlengte, k_,
-                                              segment);
+                                              segment, geordend);
 }
 
 SegmentBlossom::~SegmentBlossom() = default;

@@ -112,10 +112,11 @@ class BlossomFunctie {
 // The blossoms of several argument lists on one segment, each as BlossomFunctie::blossom gives
 // it. While the knots stay as they are, the vector of a sub-list of the recursion depends on
 // nothing but its entries: a sub-list common to several lists (the Bezier points of a segment
-// share most of theirs) is evaluated once. The knots must not change while it lives.
+// share most of theirs) is evaluated once. The knots must not change while it lives. Blossoms of
+// several segments in a row may share `geordend` (BlossomEngine), which starts negative.
 class SegmentBlossom {
   public:
-    SegmentBlossom(MainWindow& window, float segment);
+    SegmentBlossom(MainWindow& window, float segment, std::int32_t* geordend = nullptr);
     ~SegmentBlossom();
     SegmentBlossom(const SegmentBlossom&) = delete;
     SegmentBlossom& operator=(const SegmentBlossom&) = delete;

@@ -22,11 +22,13 @@ namespace zw {
 std::int32_t increasingKnots(const double* knots, std::size_t knotCount, float L);
 
 // What a loop that samples a curve knows of its knots, which it does not change: how many rise
-// strictly (increasingKnots), and the first knot above the last sample, where the next one is
-// nearly always found as well.
+// strictly (increasingKnots), the first knot above the last sample, where the next one is nearly
+// always found as well, and how far the general recursion found them in order (BlossomEngine;
+// negative until it first ran).
 struct KnotOrder {
     std::int32_t increasing = 0;
     std::int32_t top = 0;
+    std::int32_t geordend = -1;
 };
 
 class PointBlossom {

@@ -23,11 +23,13 @@ void Beeld::bereken_bezier_notatie() {
     Array<double> argumenten(k);
     Array<Punt> bezierpunten(multiplySingle(S, k));
     Array<double> coefficienten;
+    // How far the knots run in order, found once for all segments rather than once for each.
+    std::int32_t geordend = -1;
     forSingle(0.0f, addSingle(S, -1.0f), 1.0f, [&](float seg) {
         const double links = vec.knoop(addSingle(addSingle(k, -1.0f), seg));
         const double rechts = vec.knoop(addSingle(k, seg));
         // The k lists of a segment are all made of its knots and share most of their sub-lists.
-        SegmentBlossom blossom(window_, addSingle(seg, 1.0f));
+        SegmentBlossom blossom(window_, addSingle(seg, 1.0f), &geordend);
         forSingle(0.0f, addSingle(k, -1.0f), 1.0f, [&](float j) {
             const float grens = addSingle(addSingle(k, -1.0f), -j);
             forSingle(0.0f, addSingle(grens, -1.0f), 1.0f, [&](float a) { argumenten(a) = links; });
