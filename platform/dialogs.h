@@ -24,6 +24,8 @@ struct FileDialogRequest {
     // Appended when the user types a name without extension, e.g. ".zwl".
     std::string defaultExtension;
     std::string title;
+    // The folder the dialog opens in; empty leaves it to the dialog.
+    std::string directory;
 };
 
 class Dialogs {

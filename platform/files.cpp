@@ -2,6 +2,8 @@
 
 #include <fnmatch.h>
 
+#include <QDir>
+
 #include <filesystem>
 #include <system_error>
 
@@ -122,6 +124,14 @@ std::int64_t fileLength(const std::string& fileName) {
         raise(kErrPathFileAccess);
     }
     return static_cast<std::int64_t>(size);
+}
+
+std::string homeDirectory() {
+    return QDir::homePath().toStdString();
+}
+
+std::string directoryOf(const std::string& path) {
+    return fs::path(nativePath(path)).parent_path().string();
 }
 
 std::string executableDirectory() {

@@ -37,4 +37,10 @@ std::int64_t fileLength(const std::string& fileName);
 // The directory that holds the running executable, without a trailing separator.
 std::string executableDirectory();
 
+// The user's home directory; the root directory when there is none.
+std::string homeDirectory();
+
+// The directory part of a path the file dialogs returned: what lies before its last separator.
+std::string directoryOf(const std::string& path);
+
 }  // namespace zw

@@ -1,15 +1,21 @@
 #include "ui/qt_dialogs.h"
 
+#include <algorithm>
+
 #include <QApplication>
 #include <QColorDialog>
 #include <QEvent>
 #include <QEventLoop>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLibraryInfo>
 #include <QMessageBox>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QStringList>
+#include <QTimer>
 #include <QTranslator>
+#include <QTreeView>
 
 #include "platform/runtime_error.h"
 #include "platform/surface.h"
@@ -76,6 +82,52 @@ class HideWatcher : public QObject {
     QEventLoop& loop_;
 };
 
+// The dialog grown by `meer` pixels in width, as far as the screen allows.
+void verbreed(QFileDialog& dialog, int meer) {
+    QSize grootte(dialog.width() + meer, dialog.height());
+    if (const QScreen* scherm = dialog.screen()) {
+        grootte = grootte.boundedTo(scherm->availableSize() * 0.9);
+    }
+    dialog.resize(grootte.expandedTo(dialog.size()));
+}
+
+// Every column of the list as wide as what it shows (never narrower than it is), and the dialog
+// wider by what they then lack, as far as the screen allows. The last column, which Qt stretches
+// over what is left, is measured like the others.
+void pasKolommen(QFileDialog& dialog, QTreeView& lijst) {
+    QHeaderView* kop = lijst.header();
+    kop->setStretchLastSection(false);
+    for (int kolom = 0; kolom < kop->count(); ++kolom) {
+        const int was = kop->sectionSize(kolom);
+        lijst.resizeColumnToContents(kolom);
+        kop->resizeSection(kolom, std::max(was, kop->sectionSize(kolom)));
+    }
+    const int tekort = kop->length() - lijst.viewport()->width();
+    if (tekort > 0) {
+        verbreed(dialog, tekort);
+    }
+    kop->setStretchLastSection(true);
+}
+
+// Qt's own file dialog gives its list's columns (name, size, type, date) fixed widths that cut
+// off what they show ("56....KiB"). Whenever files come into the list, the columns are fitted to
+// them once the list has settled; the user can still drag them. A desktop's native dialog has no
+// such list and keeps its own ways.
+void toonKolommenHeel(QFileDialog& dialog) {
+    auto* lijst = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+    if (lijst == nullptr || lijst->model() == nullptr) {
+        return;
+    }
+    const QFontMetrics maat = dialog.fontMetrics();
+    dialog.resize(QSize(maat.averageCharWidth() * 100, maat.lineSpacing() * 30)
+                      .expandedTo(dialog.sizeHint()));
+    const auto later = [&dialog, lijst] {
+        QTimer::singleShot(0, lijst, [&dialog, lijst] { pasKolommen(dialog, *lijst); });
+    };
+    QObject::connect(lijst->model(), &QAbstractItemModel::rowsInserted, lijst, later);
+    QObject::connect(lijst->model(), &QAbstractItemModel::layoutChanged, lijst, later);
+}
+
 }  // namespace
 
 QString toQtFileFilter(const std::string& classic) {
@@ -125,8 +177,9 @@ std::string QtDialogs::saveFileName(const FileDialogRequest& request) {
 }
 
 std::string QtDialogs::fileName(const FileDialogRequest& request, bool save) {
-    QFileDialog dialog(dialogParent(), QString::fromStdString(request.title), QString(),
-                       toQtFileFilter(request.filter));
+    QFileDialog dialog(dialogParent(), QString::fromStdString(request.title),
+                       QString::fromStdString(request.directory), toQtFileFilter(request.filter));
+    toonKolommenHeel(dialog);
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog.setDefaultSuffix(qtSuffix(request.defaultExtension));

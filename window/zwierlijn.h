@@ -192,6 +192,9 @@ class Zwierlijn : public MainWindow {
     // Whether t lies in the curve's real range.
     bool opDeKromme(double t) const;
     void sleepPunt(float X, float Y);
+    // Where a file dialog opens, and the folder of a file the user chose in one.
+    FileDialogRequest& waarBegint(FileDialogRequest& vraag) const;
+    void onthoudMap(const std::string& bestand);
     // What a left click on the canvas does, by the modes: pick, append a point or insert a knot.
     void linkerklik(float X, float Y);
     // Unload of the weights window: the form's variables, the weights among them, stay.
@@ -216,6 +219,8 @@ class Zwierlijn : public MainWindow {
 
     Array<Colour> kleuren_;
     FileDialogRequest bestandsdialoog_;
+    // The folder of the last file opened or saved, figures included; kept across "Nieuw".
+    std::string laatsteMap_;
     Bedieningen menus_;
     Bedieningen knoppen_;
 };

@@ -7,6 +7,7 @@
 
 #include "geometry/coordinaten.h"
 #include "knots/knoop_vector.h"
+#include "platform/files.h"
 #include "platform/numeric.h"
 #include "spline/blossom_functie.h"
 #include "storage/opslag.h"
@@ -31,10 +32,11 @@ void Zwierlijn::mntBestandNieuw_Click() {
 void Zwierlijn::mntBestandOpenen_Click() {
     FileDialogRequest vraag = bestandsdialoog_;
     vraag.title = "Openen";
-    const std::string bestand = dialogs_.openFileName(vraag);
+    const std::string bestand = dialogs_.openFileName(waarBegint(vraag));
     if (bestand.empty()) {
         return;
     }
+    onthoudMap(bestand);
     ops_->openen(bestand);
     ops_->versie = 1.0f;
     ops_->maxversie = 1.0f;
@@ -45,10 +47,23 @@ void Zwierlijn::mntBestandOpenen_Click() {
 void Zwierlijn::mntBestandOpslaan_Click() {
     FileDialogRequest vraag = bestandsdialoog_;
     vraag.title = "Kromme opslaan";
-    const std::string bestand = dialogs_.saveFileName(vraag);
+    const std::string bestand = dialogs_.saveFileName(waarBegint(vraag));
     if (!bestand.empty()) {
+        onthoudMap(bestand);
         ops_->opslaan(bestand);
     }
+}
+
+// The program directory of an installed editor is hidden in the user's home: a curve saved there
+// is lost to its maker. The dialogs start where the user last took or put a file, else at home.
+FileDialogRequest& Zwierlijn::waarBegint(FileDialogRequest& vraag) const {
+    vraag.directory = laatsteMap_.empty() ? homeDirectory() : laatsteMap_;
+    return vraag;
+}
+
+// Chosen, the folder is the user's, whether or not the file then opens.
+void Zwierlijn::onthoudMap(const std::string& bestand) {
+    laatsteMap_ = directoryOf(bestand);
 }
 
 void Zwierlijn::mntBestandExit_Click() {
@@ -64,8 +79,9 @@ void Zwierlijn::mntExtraExporteren_Click() {
         "SVG-afbeelding (*.svg)|*.svg|PDF-document (*.pdf)|*.pdf|PNG-afbeelding (*.png)|*.png";
     vraag.defaultExtension = ".svg";
     vraag.title = "Afbeelding exporteren";
-    const std::string bestand = dialogs_.saveFileName(vraag);
+    const std::string bestand = dialogs_.saveFileName(waarBegint(vraag));
     if (!bestand.empty()) {
+        onthoudMap(bestand);
         exporteerAfbeelding(*this, bestand);
     }
 }

@@ -1,9 +1,16 @@
 #include "ui/qt_dialogs.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLabel>
+#include <QStyle>
+#include <QTemporaryDir>
 #include <QTimer>
+#include <QTreeView>
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -37,20 +44,54 @@ TEST(QtColourTest, ConvertsBothWaysUsingTheLow24Bits) {
 }
 
 // Qt's dialogs would speak the machine's language, English on a school's fresh installation.
-TEST(QtDialogsTest, FileDialogsSpeakDutch) {
+// They open in the folder asked for, every column of their list as wide as what it shows.
+TEST(QtDialogsTest, FileDialogsSpeakDutchWhereAskedWithTheirColumnsWhole) {
+    QTemporaryDir map;
+    QFile bestand(map.filePath(
+        QStringLiteral("een kromme met een lange naam, zoals een student die geeft.zwl")));
+    ASSERT_TRUE(bestand.open(QIODevice::WriteOnly));
+    bestand.write(QByteArray(123456, 'x'));
+    bestand.close();
     QtDialogs dialogs;
-    QString lookIn;
+    QString lookIn, geopend;
+    QStringList afgekapt;
     QTimer::singleShot(0, [&] {
         auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        auto* label =
-            dialog ? dialog->findChild<QLabel*>(QStringLiteral("lookInLabel")) : nullptr;
-        lookIn = label ? label->text() : QString();
-        if (dialog) {
-            dialog->reject();
+        if (dialog == nullptr) {
+            return;
         }
+        auto* label = dialog->findChild<QLabel*>(QStringLiteral("lookInLabel"));
+        lookIn = label ? label->text() : QString();
+        geopend = dialog->directory().absolutePath();
+        auto* lijst = dialog->findChild<QTreeView*>(QStringLiteral("treeView"));
+        QElapsedTimer klok;
+        klok.start();
+        while (lijst != nullptr && lijst->model()->rowCount(lijst->rootIndex()) == 0 &&
+               klok.elapsed() < 5000) {
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+        }
+        for (int i = 0; i < 10; ++i) {
+            QCoreApplication::processEvents();
+        }
+        for (int kolom = 0; lijst != nullptr && kolom < lijst->header()->count(); ++kolom) {
+            const QString tekst =
+                lijst->model()->index(0, kolom, lijst->rootIndex()).data().toString();
+            // The text, its margins and, in the first column, the file's icon.
+            const int marge = 2 * (lijst->style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1);
+            const int icoon = kolom == 0 ? lijst->iconSize().width() : 0;
+            if (lijst->columnWidth(kolom) <
+                lijst->fontMetrics().horizontalAdvance(tekst) + marge + std::max(0, icoon)) {
+                afgekapt << tekst;
+            }
+        }
+        dialog->reject();
     });
-    EXPECT_EQ(dialogs.saveFileName({"Zwl (*.zwl)|*.zwl", ".zwl", "Kromme opslaan"}), "");
+    EXPECT_EQ(
+        dialogs.openFileName({"Zwl (*.zwl)|*.zwl", ".zwl", "Openen", map.path().toStdString()}),
+        "");
     EXPECT_EQ(lookIn, QStringLiteral("Zoeken in:"));
+    EXPECT_EQ(geopend, map.path());
+    EXPECT_TRUE(afgekapt.isEmpty()) << afgekapt.join(QStringLiteral(", ")).toStdString();
 }
 
 class TestWindow : public QWidget, public ShowableWindow {

@@ -112,6 +112,9 @@ TEST_F(CommandTest, OpenenStartsTheHistoryAgainAndOpslaanLeavesItAlone) {
     const FileDialogRequest& asked = dialogs.fileRequests().back().request;
     EXPECT_EQ(asked.filter, "zwierlijnbestanden (*.zwl) |*.zwl|alle bestanden (*.*)|*.*");
     EXPECT_EQ(asked.defaultExtension, ".zwl");
+    // The first dialog opens at home, never in the (installed: hidden) program directory; the
+    // next where the user put the curve, "Nieuw" or not.
+    EXPECT_EQ(asked.directory, homeDirectory());
 
     clickButton("Nieuw");
     EXPECT_EQ(w->polygoon().graad, -1.0f);
@@ -119,6 +122,7 @@ TEST_F(CommandTest, OpenenStartsTheHistoryAgainAndOpslaanLeavesItAlone) {
     EXPECT_TRUE(w->kleurtjes().file_bestaat);
     dialogs.queueFileName(file);
     clickButton("Openen");
+    EXPECT_EQ(dialogs.fileRequests().back().request.directory, dir.path());
     EXPECT_EQ(w->polygoon().graad, 2.0f);
     EXPECT_EQ(w->polygoon().orde, 3.0f);
     EXPECT_EQ(version(), 2.0f);
