@@ -327,7 +327,7 @@ void Surface::line(double x1, double y1, double x2, double y2, Colour colour) {
     const ScaleMapper& map = mapper();
     const QPointF to(map.toPixelX(x2), map.toPixelY(y2));
     const QPointF from(map.toPixelX(x1), map.toPixelY(y1));
-    werk(kWerkLijn + kWerkPerPixel * bedekt(std::hypot(to.x() - from.x(), to.y() - from.y())));
+    werk(kWerkLijn + perPixel() * bedekt(std::hypot(to.x() - from.x(), to.y() - from.y())));
     logPrimitive(DrawKind::kLine, x1, y1, x2, y2, 0.0, colour);
     flush();
     if (!isFinite(from) || !isFinite(to) || image_.isNull()) {
@@ -356,7 +356,7 @@ bool Surface::continueStroke(double x1, double y1, double x2, double y2, Colour 
     const QPointF step = to - b.stroke.newest();
     const double length2 = QPointF::dotProduct(step, step);
     // Most steps are far below a pixel, which covers none.
-    werk(kWerkVervolg + (length2 < 1.0 ? 0 : kWerkPerPixel * bedekt(std::sqrt(length2))));
+    werk(kWerkVervolg + (length2 < 1.0 ? 0 : perPixel() * bedekt(std::sqrt(length2))));
     logPrimitive(DrawKind::kLine, x1, y1, x2, y2, 0.0, colour);
     b.endX = x2;
     b.endY = y2;
@@ -411,7 +411,7 @@ void Surface::lineFan(double x1, const float* y1, double x2, const float* y2, st
 // Then the lines are logged, if the log is on.
 void Surface::chargeFan(double x1, const float* y1, double x2, const float* y2, std::size_t count,
                         const Colour* colours, std::size_t colourCount, double across) {
-    werk(count * (kWerkWaaier + kWerkPerPixel * bedekt(across)) + batch_->movedCost);
+    werk(count * (kWerkWaaier + perPixel() * bedekt(across)) + batch_->movedCost);
     for (std::size_t i = 0; i < count && logging_; ++i) {
         logPrimitive(DrawKind::kLine, x1, y1[i], x2, y2[i], 0.0, colours[i % colourCount]);
     }
@@ -467,7 +467,7 @@ bool Surface::mapFan(const ScaleMapper& map, const float* y1, const float* y2, s
             c.bits2 = nieuw;
             const double dy = c.py2 - c.py1;
             finite = finite && std::isfinite(c.py1) && std::isfinite(c.py2);
-            b.movedCost += kWerkVervolg + (dy > -1.0 && dy < 1.0 ? 0 : kWerkPerPixel * bedekt(dy));
+            b.movedCost += kWerkVervolg + (dy > -1.0 && dy < 1.0 ? 0 : perPixel() * bedekt(dy));
         }
     }
     b.changeCount = n;

@@ -25,6 +25,7 @@
 
 #include "platform/colour.h"
 #include "platform/scale_mapper.h"
+#include "platform/werk.h"
 
 class QPainter;
 
@@ -197,6 +198,10 @@ class Surface {
             return static_cast<std::uint64_t>(covered);
         }
         return covered == covered ? static_cast<std::uint64_t>(diagonal_) : 0;  // NaN covers none
+    }
+    // A line's work per pixel of its length: a wide line covers its width in pixels at each.
+    std::uint64_t perPixel() const {
+        return kWerkPerPixel * static_cast<std::uint64_t>(drawWidth_);
     }
     void logPrimitive(DrawKind kind, double x1, double y1, double x2, double y2, double radius,
                       Colour colour, std::uint32_t times = 1);

@@ -21,9 +21,9 @@ namespace zw {
 // actions), well inside the two seconds that an action may take.
 constexpr std::uint64_t kWerkGrens = 1'000'000'000;
 
-// What the costlier steps charge: a drawn line by its length and a disc by its radius in pixels
-// (antialiased, as far as they reach into the surface), a record read from a file's cache or
-// written to the file.
+// What the costlier steps charge: a drawn line by its length and width and a disc by its radius
+// in pixels (antialiased, as far as they reach into the surface), a record read from a file's
+// cache or written to the file.
 constexpr std::uint64_t kWerkLijn = 1000;
 constexpr std::uint64_t kWerkPerPixel = 60;
 constexpr std::uint64_t kWerkCirkel = 6000;
