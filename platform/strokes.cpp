@@ -257,11 +257,6 @@ void thinColumns(const Band& b, QRgb colour) {
     }
 }
 
-// The coverage of row r by the band from top to bottom, as alpha.
-inline uint edge(long r, double top, double bottom) {
-    return static_cast<uint>((std::min(r + 0.5, bottom) - std::max(r - 0.5, top)) * 255.0 + 0.5);
-}
-
 // Columns from .. to of a wide line away from its caps, each a run of rows between its two
 // partly covered edges, all inside the image; y is the line's minor coordinate at `from`. The
 // band's top + 1/2 is carried in fixed point as in thinInterior: its whole part is the first
@@ -299,11 +294,25 @@ void wideColumn(const Band& b, QRgb colour, long i, double y, uchar* column, boo
     // Rows r cover r - 0.5 .. r + 0.5: the first and last partly, those between wholly.
     const long firstRow = std::max(0L, static_cast<long>(top + 1.5) - 1);
     const long lastRow = std::min(b.rows - 1L, static_cast<long>(bottom + 1.5) - 1);
+    // Along an axis (the weights window's scales and ticks, the knot pane's line) the caps cut
+    // every row of a column alike: their share is worked out once, with the arithmetic below,
+    // whose row term is then a zero. A column they leave out is left alone.
+    const bool level = nearEnd && b.uy == 0.0;
+    double caps = 1.0;
+    if (level) {
+        caps = std::clamp((i - sx) * b.ux + 0.5, 0.0, 1.0) *
+               std::clamp((ex - i) * b.ux + 0.5, 0.0, 1.0);
+        if (caps == 0.0) {
+            return;
+        }
+    }
     for (long r = firstRow; r <= lastRow; ++r) {
         double inside = r == firstRow || r == lastRow
                             ? std::min(r + 0.5, bottom) - std::max(r - 0.5, top)
                             : 1.0;
-        if (nearEnd) {
+        if (level) {
+            inside *= caps;
+        } else if (nearEnd) {
             const double past = (i - sx) * b.ux + (r - sy) * b.uy + 0.5;
             const double before = (ex - i) * b.ux + (ey - r) * b.uy + 0.5;
             inside *= std::clamp(past, 0.0, 1.0) * std::clamp(before, 0.0, 1.0);
