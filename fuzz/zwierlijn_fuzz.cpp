@@ -51,7 +51,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         std::abort();
     }
     zw::ScriptedDialogs dialogs;
-    zw::HeadlessEditor editor(programDirectory(), dialogs, 800, 600);
+    zw::HeadlessEditor editor(programDirectory(), dialogs, zw::kScriptBreedte, zw::kScriptHoogte);
     zw::EventGuard guard(dialogs);
     if (!guard.run([&] { editor.start(); })) {
         std::abort();  // the start itself must work on a fresh program directory

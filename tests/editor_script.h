@@ -20,6 +20,30 @@
 
 namespace zw {
 
+// The script's editor is small: every step does what it does on a screen-sized one, on fewer
+// pixels. The canvas in pixels, and the weights window's client area in twips.
+constexpr int kScriptBreedte = 320;
+constexpr int kScriptHoogte = 240;
+constexpr float kScriptGewichtenBreedte = 2700.0f;
+constexpr float kScriptGewichtenHoogte = 2250.0f;
+
+// A mouse event at a fraction of the surface's width and height, in its pixels.
+enum class Muis { kDown, kMove, kUp };
+inline void muis(Surface& s, Muis wat, int knop, double x, double y) {
+    const double px = x * s.pixelWidth(), py = y * s.pixelHeight();
+    switch (wat) {
+        case Muis::kDown:
+            s.deliverMouseDown(knop, 0, px, py);
+            break;
+        case Muis::kMove:
+            s.deliverMouseMove(knop, 0, px, py);
+            break;
+        case Muis::kUp:
+            s.deliverMouseUp(knop, 0, px, py);
+            break;
+    }
+}
+
 // A knot goes in at the middle of the real range, knot k - 1 to knot L - k, as a click there in
 // the "Punt" mode would put it.
 inline void voegKnoopInHetMidden(HeadlessEditor& w) {
@@ -34,9 +58,11 @@ inline void voegKnoopInHetMidden(HeadlessEditor& w) {
     w.plaats_knopenvenster();
 }
 
-// Returns whether the file opened.
+// Returns whether the file opened. The editor is the script's size (kScriptBreedte by
+// kScriptHoogte), started.
 inline bool speelAf(HeadlessEditor& w, ScriptedDialogs& dialogs, const std::string& bestand) {
     EventGuard guard(dialogs);
+    w.gewichten().zetBinnenmaat(kScriptGewichtenBreedte, kScriptGewichtenHoogte);
     const bool geopend = guard.run([&] {
         dialogs.queueFileName(bestand);
         w.klik("mntBestandOpenen");
@@ -57,18 +83,18 @@ inline bool speelAf(HeadlessEditor& w, ScriptedDialogs& dialogs, const std::stri
     // released, the canvas redrawn with its points in colour.
     guard.run([&] { w.klik("mntBeeldGewichten"); });
     Surface& gewichten = w.gewichten().Doek();
-    guard.run([&] { gewichten.deliverMouseDown(2, 0, 30, 150); });
-    guard.run([&] { gewichten.deliverMouseMove(2, 0, 30, 80); });
-    guard.run([&] { gewichten.deliverMouseUp(2, 0, 30, 10); });
+    guard.run([&] { muis(gewichten, Muis::kDown, 2, 0.08, 0.5); });
+    guard.run([&] { muis(gewichten, Muis::kMove, 2, 0.08, 0.27); });
+    guard.run([&] { muis(gewichten, Muis::kUp, 2, 0.08, 0.03); });
     // The derived views: the Bezier notation, a control point picked in one mode and a curve
     // parameter in the other, which stays on with the Bezier notation until "Nieuw".
     Surface& doek = w.Doek();
     for (const char* naam : {"mntBeeldBezier", "mntBeeldSegmentperControl"}) {
         guard.run([&] { w.klik(naam); });
     }
-    guard.run([&] { doek.deliverMouseDown(1, 0, 300, 200); });
+    guard.run([&] { muis(doek, Muis::kDown, 1, 0.375, 0.33); });
     guard.run([&] { w.klik("mntBeeldControlperSegment"); });
-    guard.run([&] { doek.deliverMouseDown(1, 0, 500, 350); });
+    guard.run([&] { muis(doek, Muis::kDown, 1, 0.625, 0.58); });
     // The blending functions, with that weight and those views, over zoom, undo and redo; then
     // off again.
     guard.run([&] { w.Tb_ButtonClick("Mengfuncties"); });
@@ -84,7 +110,7 @@ inline bool speelAf(HeadlessEditor& w, ScriptedDialogs& dialogs, const std::stri
     guard.run([&] { w.klik("mntBeeldMengFuncties"); });
     // Any other button: every weight back to 1. Then "Nieuw" unloads the window and the toolbar
     // shows it again, which loads it anew with the weights it kept.
-    guard.run([&] { gewichten.deliverMouseDown(1, 0, 5, 5); });
+    guard.run([&] { muis(gewichten, Muis::kDown, 1, 0.01, 0.02); });
     guard.run([&] { w.klik("mntBestandNieuw"); });
     guard.run([&] { w.Tb_ButtonClick("Gewicht"); });
     return geopend;
