@@ -191,14 +191,15 @@ void Zwierlijn::tekenAfgeleid() {
 
 // Undo, Redo, Openen and the wavelet step replace the curve under a pick. A point index past the
 // last point, or a parameter outside the real range (knot k - 1 to knot L - k), no longer names
-// anything on the canvas, and neither does a parameter while there is no curve: it is forgotten,
-// so it colours nothing now nor after a Redo brings the curve back, and the next click picks
-// afresh.
+// anything on the canvas, and neither does a parameter while there is no curve. The redraw of
+// its mode forgets it, so it colours nothing now nor after a Redo brings the curve back, and the
+// next click picks afresh. The range is read only where the curve just drawn has read it.
 void Zwierlijn::vergeetVerlopenKeuzes() {
-    if (gekozen_index > polygon_->graad) {
+    if (segmenten_per_controlepunt && gekozen_index > polygon_->graad) {
         gekozen_index = kGeenKeuze;
     }
-    if (!std::isnan(gekozen_twaarde) && !opDeKromme(gekozen_twaarde)) {
+    if (controlepunten_per_segment && !std::isnan(gekozen_twaarde) &&
+        !opDeKromme(gekozen_twaarde)) {
         gekozen_twaarde = std::nan("");
     }
 }
