@@ -27,21 +27,12 @@ constexpr int kScriptHoogte = 240;
 constexpr float kScriptGewichtenBreedte = 2700.0f;
 constexpr float kScriptGewichtenHoogte = 2250.0f;
 
-// A mouse event at a fraction of the surface's width and height, in its pixels.
-enum class Muis { kDown, kMove, kUp };
-inline void muis(Surface& s, Muis wat, int knop, double x, double y) {
-    const double px = x * s.pixelWidth(), py = y * s.pixelHeight();
-    switch (wat) {
-        case Muis::kDown:
-            s.deliverMouseDown(knop, 0, px, py);
-            break;
-        case Muis::kMove:
-            s.deliverMouseMove(knop, 0, px, py);
-            break;
-        case Muis::kUp:
-            s.deliverMouseUp(knop, 0, px, py);
-            break;
-    }
+// Fractions of a surface's width and height in its pixels, where the script's mouse goes.
+inline double breed(const Surface& s, double deel) {
+    return deel * s.pixelWidth();
+}
+inline double hoog(const Surface& s, double deel) {
+    return deel * s.pixelHeight();
 }
 
 // A knot goes in at the middle of the real range, knot k - 1 to knot L - k, as a click there in
@@ -83,18 +74,19 @@ inline bool speelAf(HeadlessEditor& w, ScriptedDialogs& dialogs, const std::stri
     // released, the canvas redrawn with its points in colour.
     guard.run([&] { w.klik("mntBeeldGewichten"); });
     Surface& gewichten = w.gewichten().Doek();
-    guard.run([&] { muis(gewichten, Muis::kDown, 2, 0.08, 0.5); });
-    guard.run([&] { muis(gewichten, Muis::kMove, 2, 0.08, 0.27); });
-    guard.run([&] { muis(gewichten, Muis::kUp, 2, 0.08, 0.03); });
+    const double x = breed(gewichten, 0.08);
+    guard.run([&] { gewichten.deliverMouseDown(2, 0, x, hoog(gewichten, 0.5)); });
+    guard.run([&] { gewichten.deliverMouseMove(2, 0, x, hoog(gewichten, 0.27)); });
+    guard.run([&] { gewichten.deliverMouseUp(2, 0, x, hoog(gewichten, 0.03)); });
     // The derived views: the Bezier notation, a control point picked in one mode and a curve
     // parameter in the other, which stays on with the Bezier notation until "Nieuw".
     Surface& doek = w.Doek();
     for (const char* naam : {"mntBeeldBezier", "mntBeeldSegmentperControl"}) {
         guard.run([&] { w.klik(naam); });
     }
-    guard.run([&] { muis(doek, Muis::kDown, 1, 0.375, 0.33); });
+    guard.run([&] { doek.deliverMouseDown(1, 0, breed(doek, 0.375), hoog(doek, 0.33)); });
     guard.run([&] { w.klik("mntBeeldControlperSegment"); });
-    guard.run([&] { muis(doek, Muis::kDown, 1, 0.625, 0.58); });
+    guard.run([&] { doek.deliverMouseDown(1, 0, breed(doek, 0.625), hoog(doek, 0.58)); });
     // The blending functions, with that weight and those views, over zoom, undo and redo; then
     // off again.
     guard.run([&] { w.Tb_ButtonClick("Mengfuncties"); });
@@ -110,7 +102,7 @@ inline bool speelAf(HeadlessEditor& w, ScriptedDialogs& dialogs, const std::stri
     guard.run([&] { w.klik("mntBeeldMengFuncties"); });
     // Any other button: every weight back to 1. Then "Nieuw" unloads the window and the toolbar
     // shows it again, which loads it anew with the weights it kept.
-    guard.run([&] { muis(gewichten, Muis::kDown, 1, 0.01, 0.02); });
+    guard.run([&] { gewichten.deliverMouseDown(1, 0, 5, 5); });
     guard.run([&] { w.klik("mntBestandNieuw"); });
     guard.run([&] { w.Tb_ButtonClick("Gewicht"); });
     return geopend;
