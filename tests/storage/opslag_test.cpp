@@ -43,46 +43,28 @@ struct Store {
 
 // The count, two reserved records and the points with their weights; with an order, the order
 // and L and knots 0 .. L (the spare slot too); three reserved records, the segment flag and the
-// largest weight.
-TEST(Opslag, TheRecordsWithAndWithoutAnOrder) {
+// largest weight. Opened again and saved, every record comes back; without an order the knots are
+// not read.
+TEST(Opslag, TheRecordsWithAndWithoutAnOrderComeBack) {
     const std::tuple<int, double, std::vector<float>> cases[] = {
-        {0, 2.5, {2, 0, 0, 10, 20, 1, 30, 40, 2.5, 50, 60, 1, 0, 0, 0, 0, 1, 2.5}},
-        {4, 1.0, {2,  0,  0,  10, 20, 1, 30, 40, 1, 50, 60, 1, 4, 7,
-                  -3, -2, -1, 0,  1,  2, 3,  0,  0, 0,  0,  0, 1}},
+        {0, 2.5, {2, 0, 0, 10, 20, 1, 30, 40, 2.5, 50, 60, 1, 0, 0, 0, 0, 1, 8}},
+        {4, 0.25, {2,  0,  0,  10, 20, 1, 30, 40, 0.25, 50, 60, 1, 4, 7,
+                   -3, -2, -1, 0,  1,  2, 3,  0,  0,    0,  0,  0, 8}},
     };
     for (const auto& [k, weight, expected] : cases) {
-        Store s;
+        Store s, t;
         s.w.setCurve(std::max(k, 2), {{10, 20}, {30, 40}, {50, 60}});
         s.w.polygoon().orde = static_cast<float>(k);
         s.w.gewichten().zet_gewichten(1, weight);
-        s.w.gewichten().zet_grootste_gewicht(weight);
+        s.w.gewichten().zet_grootste_gewicht(8.0);
         s.w.segment = k == 0;
         s.ops.opslaan(s.dir.file("a.zwl"));
         EXPECT_EQ(recordsOf(s.dir.file("a.zwl")), expected) << k;
-    }
-}
-
-TEST(Opslag, ACurveComesBackWithItsKnotsWeightsAndFlags) {
-    Store s;
-    s.w.setCurve(3, {{100, 200}, {300, 50}, {700, 900}, {1200, 300}}, true);
-    s.w.gewichten().zet_gewichten(2, 0.25);
-    s.w.gewichten().zet_grootste_gewicht(8.0);
-    s.w.segment = true;
-    s.ops.opslaan(s.dir.file("curve.zwl"));
-
-    Store t;
-    t.w.gewichtstat = true;
-    t.ops.openen(s.dir.file("curve.zwl"));
-    EXPECT_EQ(t.w.polygoon().graad, 3.0f);
-    EXPECT_EQ(t.w.polygoon().orde, 3.0f);
-    EXPECT_TRUE(t.w.polygoon().orde_gezet);
-    EXPECT_EQ(t.w.polygoon().punten(3).X, 1200.0f);
-    EXPECT_EQ(t.w.gewichten().gewicht(2), 0.25);
-    EXPECT_EQ(t.w.gewichten().get_grootste_gewicht(), 8.0);
-    EXPECT_TRUE(t.w.segment);
-    ASSERT_EQ(t.w.vec().knopenlengte, 7.0f);
-    for (float j = 0; j <= 7; ++j) {
-        EXPECT_EQ(t.w.vec().knoop(j), static_cast<float>(s.w.vec().knoop(j))) << j;
+        t.w.gewichtstat = true;
+        t.ops.openen(s.dir.file("a.zwl"));
+        EXPECT_EQ(t.w.polygoon().orde_gezet, k > 0);
+        t.ops.opslaan(t.dir.file("b.zwl"));
+        EXPECT_EQ(recordsOf(t.dir.file("b.zwl")), expected) << k;
     }
 }
 
