@@ -4,8 +4,8 @@
 
 #include <fstream>
 #include <iterator>
+#include <string>
 #include <utility>
-#include <vector>
 
 #include "platform/record_file.h"
 #include "test_support.h"
@@ -15,11 +15,6 @@ namespace {
 
 void touch(const std::string& path) {
     std::ofstream(nativePath(path)) << "12345";
-}
-
-TEST(NativePath, BackslashesAndDoubledSeparatorsBecomeOne) {
-    EXPECT_EQ(nativePath("/opt/zw\\\\undoredo\\\\3.zwl"), "/opt/zw/undoredo/3.zwl");
-    EXPECT_EQ(nativePath("a//b\\c"), "a/b/c");
 }
 
 TEST(FileExists, FilesOnlyWithListingWildcards) {
@@ -38,7 +33,11 @@ TEST(FileExists, FilesOnlyWithListingWildcards) {
     }
 }
 
-TEST(Files, DirectoriesAndDeletionWithTheirErrors) {
+TEST(Files, PathsDirectoriesAndDeletionWithTheirErrors) {
+    EXPECT_EQ(nativePath("/opt/zw\\\\undoredo\\\\3.zwl"), "/opt/zw/undoredo/3.zwl");
+    EXPECT_EQ(nativePath("a//b\\c"), "a/b/c");
+    const std::string exe = executableDirectory();
+    EXPECT_TRUE(exe.back() != '/' && FileExists(exe + "/model_tests"));
     TestDir dir;
     const std::string undo = dir.path() + "\\undoredo";
     EXPECT_FALSE(directoryExists(undo));
@@ -54,58 +53,42 @@ TEST(Files, DirectoriesAndDeletionWithTheirErrors) {
     EXPECT_EQ(errorOf([&] { deleteFile(dir.path()); }), kErrPathFileAccess);
 }
 
-TEST(Files, ExecutableDirectoryHoldsThisTest) {
-    const std::string exeDir = executableDirectory();
-    EXPECT_NE(exeDir.back(), '/');
-    EXPECT_TRUE(FileExists(exeDir + "/model_tests"));
-}
-
-std::vector<unsigned char> bytesOf(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
-TEST(RecordFile, LittleEndianRecordsCountedFromOne) {
+// Little-endian records counted from 1, created when missing; past the end a partial record reads
+// its bytes, then zeros, and writing extends the file. Record numbers round halves to even.
+TEST(RecordFile, LittleEndianRecordsCountedFromOneAndTheirErrors) {
     TestDir dir;
     {
-        RecordFile file(dir.file("f"));  // created when missing
+        RecordFile file(dir.file("f"));
         EXPECT_EQ(file.getLong(1), 0);
         file.putLong(1, 0x01020304);
         file.putSingle(2, 1.0f);  // 0x3F800000
         file.putLong(3, -2);
+        std::ofstream(dir.file("g"), std::ios::binary).write("\x01\x02\x03\x04\x05", 5);
     }
-    const std::vector<unsigned char> expected = {4,    3,    2,    1,    0,    0,
-                                                 0x80, 0x3F, 0xFE, 0xFF, 0xFF, 0xFF};
-    EXPECT_EQ(bytesOf(dir.file("f")), expected);
+    std::ifstream in(dir.file("f"), std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}),
+              std::string("\x04\x03\x02\x01\x00\x00\x80\x3F\xFE\xFF\xFF\xFF", 12));
     RecordFile file(dir.file("f"));
     EXPECT_EQ(file.getSingle(2), 1.0f);
-    EXPECT_EQ(file.getLong(2.5), 0x3F800000);  // record numbers round halves to even: 2.5 -> 2
+    EXPECT_EQ(file.getLong(2.5), 0x3F800000);  // 2.5 -> 2
     EXPECT_EQ(file.getLong(3.5), 0);           // 3.5 -> 4, past the end
-}
+    RecordFile partial(dir.file("g"));
+    EXPECT_EQ(partial.getLong(2), 5);
+    partial.putSingle(5, 2.5f);
+    EXPECT_EQ(partial.length(), 20);
+    EXPECT_EQ(partial.getSingle(4), 0.0f);
+    EXPECT_EQ(partial.getSingle(5), 2.5f);
+    EXPECT_EQ(partial.getSingle(1e9), 0.0f);
 
-TEST(RecordFile, PastTheEndReadsZeroAndWritingExtends) {
-    TestDir dir;
-    std::ofstream(dir.file("f"), std::ios::binary).write("\x01\x02\x03\x04\x05", 5);
-    RecordFile file(dir.file("f"));
-    EXPECT_EQ(file.getLong(2), 5);  // a partial record: its bytes, then zeros
-    file.putSingle(5, 2.5f);
-    EXPECT_EQ(file.length(), 20);
-    EXPECT_EQ(file.getSingle(4), 0.0f);
-    EXPECT_EQ(file.getSingle(5), 2.5f);
-    EXPECT_EQ(file.getSingle(1e9), 0.0f);
-}
-
-TEST(RecordFile, Errors) {
-    TestDir dir;
     EXPECT_EQ(errorOf([] { RecordFile(""); }), kErrBadFileName);
     EXPECT_EQ(errorOf([&] { RecordFile(dir.file("no/such/f")); }), kErrPathNotFound);
     EXPECT_EQ(errorOf([&] { RecordFile(dir.path()); }), kErrPathFileAccess);
-    RecordFile file(dir.file("f"));
-    EXPECT_EQ(errorOf([&] { file.getLong(0); }), kErrBadRecordNumber);
-    EXPECT_EQ(errorOf([&] { file.putLong(-3, 1); }), kErrBadRecordNumber);
-    EXPECT_EQ(errorOf([&] { file.getLong(1e12); }), kErrOverflow);
-    EXPECT_EQ(errorOf([&] { file.putLong(kMaxRecordNumber + 1, 1); }), kErrOutOfMemory);
-    EXPECT_EQ(file.length(), 0);
+    RecordFile empty(dir.file("e"));
+    EXPECT_EQ(errorOf([&] { empty.getLong(0); }), kErrBadRecordNumber);
+    EXPECT_EQ(errorOf([&] { empty.putLong(-3, 1); }), kErrBadRecordNumber);
+    EXPECT_EQ(errorOf([&] { empty.getLong(1e12); }), kErrOverflow);
+    EXPECT_EQ(errorOf([&] { empty.putLong(kMaxRecordNumber + 1, 1); }), kErrOutOfMemory);
+    EXPECT_EQ(empty.length(), 0);
 }
 
 }  // namespace
