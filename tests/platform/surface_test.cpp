@@ -44,7 +44,13 @@ TEST(SurfaceScaleTest, TwipsFollowTheSizeWhileAUserScaleKeepsItsRectangle) {
     EXPECT_DOUBLE_EQ(surface.mapper().toPixelY(-1), 50);
 }
 
+// Nothing to paint on is no fault.
 TEST(SurfaceErrorTest, RefusedValuesRaiseTheClassicErrorAndChangeNothing) {
+    Surface empty;
+    empty.line(0, 0, 100, 100, kBlack);
+    empty.circle(0, 0, 100, kBlack);
+    empty.cls();
+    EXPECT_TRUE(empty.image().isNull());
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const std::vector<std::pair<std::function<void(Surface&)>, int>> cases = {
         {[](Surface& s) { s.setDrawWidth(0); }, kErrInvalidProperty},
@@ -256,14 +262,6 @@ TEST(SurfaceRasterTest, LinesAndDiscsPaintWhatTheyStandFor) {
         EXPECT_LE(worst, 64);  // edges moved by an eighth of a pixel at most: a disc is placed to
                                // the nearest quarter pixel
     }
-}
-
-TEST(SurfaceRasterTest, NothingToPaintOnIsNoFault) {
-    Surface surface;  // 0 x 0
-    surface.line(0, 0, 100, 100, kBlack);
-    surface.circle(0, 0, 100, kBlack);
-    surface.cls();
-    EXPECT_TRUE(surface.image().isNull());
 }
 
 }  // namespace
