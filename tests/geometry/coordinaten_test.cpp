@@ -8,14 +8,6 @@
 namespace zw {
 namespace {
 
-// The window's drag test picks the nearest point; of equally near ones the lowest is taken.
-TEST(Coordinaten, ZoekPuntTakesTheLowestOfEquallyNearPoints) {
-    HeadlessWindow w;
-    w.setCurve(2, {{0, 0}, {10, 0}, {20, 0}, {10, 0}});
-    EXPECT_EQ(w.polygoon().zoek_punt(5, 0), 0.0f);   // 0 and 1 equally near
-    EXPECT_EQ(w.polygoon().zoek_punt(11, 1), 1.0f);  // 1 and 3 coincide
-}
-
 TEST(Coordinaten, ToevoegenFollowsTheOrderOnlyFromZeroAndLengthensABezierCurve) {
     HeadlessWindow w;
     w.polygoon().toevoegen(Punt(1, 2));
@@ -53,13 +45,17 @@ TEST(Coordinaten, ZoekCoordWeighsRoundsAndSkipsPointsPastTheLast) {
     EXPECT_EQ(errorOf([&] { w.polygoon().zoek_coord(weightless, 1); }), kErrOverflow);
 }
 
-TEST(Coordinaten, EmptySlotsAndTooManyPointsRaiseRunTimeErrors) {
+// The window's drag test picks the nearest point; of equally near ones the lowest is taken.
+TEST(Coordinaten, ZoekPuntTakesTheLowestOfEquallyNearPointsAndEmptySlotsRaise) {
     HeadlessWindow w;
     EXPECT_EQ(errorOf([&] { w.polygoon().zoek_punt(0, 0); }), kErrObjectNotSet);
     w.polygoon().dimensioneer_punten(2);
     w.polygoon().zet_punt(0, Punt(1, 1));
     EXPECT_EQ(errorOf([&] { w.polygoon().punten(1); }), kErrObjectNotSet);
     EXPECT_EQ(errorOf([&] { w.polygoon().dimensioneer_punten(1e9f); }), kErrOutOfMemory);
+    w.setCurve(2, {{0, 0}, {10, 0}, {20, 0}, {10, 0}});
+    EXPECT_EQ(w.polygoon().zoek_punt(5, 0), 0.0f);   // 0 and 1 equally near
+    EXPECT_EQ(w.polygoon().zoek_punt(11, 1), 1.0f);  // 1 and 3 coincide
 }
 
 TEST(Coordinaten, ControlPointsAreDrawnInTheirOwnColours) {
@@ -79,12 +75,6 @@ TEST(Coordinaten, ControlPointsAreDrawnInTheirOwnColours) {
 }
 
 const Mat mat;
-
-TEST(Mat, Afstand) {
-    EXPECT_DOUBLE_EQ(mat.bereken_afstand(Punt(0, 0), Punt(3, 4)), 5.0);
-    // Differences in Double: two Singles far apart do not lose the unit step.
-    EXPECT_DOUBLE_EQ(mat.bereken_afstand(Punt(16777216.0f, 0), Punt(-16777216.0f, 0)), 33554432.0);
-}
 
 // Apart from machtdouble, nothing in the editor calls these routines yet; their classic rounding
 // is what a caller would rely on.
@@ -122,7 +112,10 @@ TEST(Mat, BinomInrechthoekAndLn) {
     EXPECT_EQ(errorOf([] { mat.ln(0); }), kErrInvalidCall);
 }
 
-TEST(Punt, SumsAndProductsInDoubleStoredAsSingles) {
+TEST(Punt, DistancesSumsAndProductsInDoubleStoredAsSingles) {
+    EXPECT_DOUBLE_EQ(mat.bereken_afstand(Punt(0, 0), Punt(3, 4)), 5.0);
+    // Two Singles far apart do not lose the unit step.
+    EXPECT_DOUBLE_EQ(mat.bereken_afstand(Punt(16777216.0f, 0), Punt(-16777216.0f, 0)), 33554432.0);
     // The Double sum 10000001.5 is stored as the nearest Single.
     EXPECT_EQ(Punt(1e7f, 0).som(Punt(1.5f, 0)).X, 10000002.0f);
     EXPECT_EQ(errorOf([] { Punt(3e38f, 0).som(Punt(3e38f, 0)); }), kErrOverflow);
