@@ -84,27 +84,17 @@ TEST_F(EditorTest, RedrawsPolygonThenCurve) {
                                           xy[i][1], 0, setting(5), 1, kFillSolid, setting(3)}));
         }
     }
-    // The rest is the curve: its discs at both ends, a polyline of 3-pixel lines between. One
-    // uniform cubic segment runs from (P0 + 4 P1 + P2) / 6 to (P1 + 4 P2 + P3) / 6.
-    std::vector<std::pair<double, double>> path;
-    int discs = 0;
-    for (; r < log.size(); ++r) {
-        if (log[r].kind == DrawKind::kCircle) {
-            EXPECT_EQ(log[r].colour, setting(1));
-            ++discs;
-            continue;
-        }
-        EXPECT_EQ(std::make_pair(log[r].colour, log[r].drawWidth), std::make_pair(setting(2), 3));
-        if (path.empty()) {
-            path.emplace_back(log[r].x1, log[r].y1);
-        }
-        EXPECT_EQ(path.back(), std::make_pair(log[r].x1, log[r].y1)) << r;
-        path.emplace_back(log[r].x2, log[r].y2);
+    // The rest is the curve: a disc at each end and 21 lines, 20 steps of 0.05 and the closing
+    // piece. One uniform cubic segment runs from (P0 + 4 P1 + P2) / 6 to (P1 + 4 P2 + P3) / 6.
+    const std::vector<DrawRecord> curve = recordsOf(w->Doek(), DrawKind::kLine, setting(2));
+    EXPECT_EQ(recordsOf(w->Doek(), DrawKind::kCircle, setting(1)).size(), 2u);
+    ASSERT_EQ(log.size(), r + 2 + 21);
+    ASSERT_EQ(curve.size(), 21u);
+    for (const DrawRecord& line : curve) {
+        EXPECT_EQ(line.drawWidth, 3);
     }
-    EXPECT_EQ(discs, 2);
-    ASSERT_EQ(path.size(), 22u);  // 20 steps of 0.05 and the closing piece
-    EXPECT_EQ(path.front(), std::make_pair(2000.0, 4333.0));
-    EXPECT_EQ(path.back(), std::make_pair(6000.0, 4333.0));
+    EXPECT_EQ(std::make_pair(curve[0].x1, curve[0].y1), std::make_pair(2000.0, 4333.0));
+    EXPECT_EQ(std::make_pair(curve[20].x2, curve[20].y2), std::make_pair(6000.0, 4333.0));
     EXPECT_EQ(w->Doek().drawWidth(), 1);
 }
 
