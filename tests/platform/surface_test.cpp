@@ -68,34 +68,20 @@ TEST(SurfaceErrorTest, RefusedValuesRaiseTheClassicErrorAndChangeNothing) {
     }
 }
 
-TEST(SurfaceLogTest, RecordsPrimitivesInScaleUnitsWithTheStateOfTheMoment) {
-    Surface surface;
-    surface.setPixelSize(100, 100);
-    surface.line(1, 2, 3, 4, kRed);
-    EXPECT_TRUE(surface.log().empty());  // only tests keep a log
-    surface.setLogging(true);
-    surface.setDrawWidth(2);
-    surface.line(1, 2, 3, 4, kRed);
-    surface.setFillStyle(kFillSolid);
-    surface.setFillColour(kBlue);
-    surface.setDrawWidth(5);
-    surface.circle(5, 6, 1.5, kGreen);
-    ASSERT_EQ(surface.log().size(), 2u);
-    EXPECT_EQ(fieldsOf(surface.log()[0]), std::make_tuple(DrawKind::kLine, 1.0, 2.0, 3.0, 4.0, 0.0,
-                                                          kRed, 2, kFillTransparent, kBlack));
-    EXPECT_EQ(fieldsOf(surface.log()[1]), std::make_tuple(DrawKind::kCircle, 5.0, 6.0, 0.0, 0.0,
-                                                          1.5, kGreen, 5, kFillSolid, kBlue));
-}
-
-// A fan is its lines, in order. Lines promised level and unmoved are checked while the log is on.
-TEST(SurfaceLogTest, AFanRecordsItsLinesAndItsPromiseIsChecked) {
+// Only tests keep a log: primitives in scale units with the state of the moment. A fan is its
+// lines, in order. Lines promised level and unmoved are checked while the log is on.
+TEST(SurfaceLogTest, RecordsPrimitivesAndFansWithTheStateOfTheMoment) {
     Surface fan, lines;
     for (Surface* s : {&fan, &lines}) {
-        s->setLogging(true);
         s->setPixelSize(100, 100);
+        s->line(1, 2, 3, 4, kRed);
+        EXPECT_TRUE(s->log().empty());
+        s->setLogging(true);
     }
     const float a[] = {1, 2, 3}, b[] = {1, 5, 3}, c[] = {1, 5, 4};
     const Colour colours[] = {kRed, kGreen};
+    fan.setDrawWidth(2);
+    lines.setDrawWidth(2);
     fan.lineFan(0, a, 10, b, 3, colours, 2, 1, 2);
     fan.lineFan(10, b, 20, c, 3, colours, 2, 2, 3);
     for (const auto& [x1, y1, x2, y2] :
@@ -108,7 +94,15 @@ TEST(SurfaceLogTest, AFanRecordsItsLinesAndItsPromiseIsChecked) {
     for (std::size_t i = 0; i < 6; ++i) {
         EXPECT_EQ(fieldsOf(fan.log()[i]), fieldsOf(lines.log()[i]));
     }
+    EXPECT_EQ(fieldsOf(lines.log()[5]), std::make_tuple(DrawKind::kLine, 10.0, 3.0, 20.0, 4.0, 0.0,
+                                                        kRed, 2, kFillTransparent, kBlack));
     EXPECT_EQ(errorOf([&] { fan.lineFan(20, c, 30, a, 3, colours, 2, 0, 1); }), kErrInternal);
+    fan.setFillStyle(kFillSolid);
+    fan.setFillColour(kBlue);
+    fan.setDrawWidth(5);
+    fan.circle(5, 6, 1.5, kGreen);
+    EXPECT_EQ(fieldsOf(fan.log().back()), std::make_tuple(DrawKind::kCircle, 5.0, 6.0, 0.0, 0.0,
+                                                          1.5, kGreen, 5, kFillSolid, kBlue));
 }
 
 TEST(SurfaceLogTest, ClsBackgroundAndResizeClearLogAndImage) {
