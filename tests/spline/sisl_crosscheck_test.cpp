@@ -16,6 +16,8 @@
 #include <vector>
 
 #include "headless_window.h"
+#include "platform/scripted_dialogs.h"
+#include "storage/opslag.h"
 #include "views/beeld.h"
 
 namespace zw {
@@ -248,6 +250,31 @@ TEST(KnotInsertion, HelftOnEmptySegmentsAndWithoutAny) {
     EXPECT_EQ(errorOf([&] { w.evaluator().splits_in_helft(); }), kErrSubscript);
     EXPECT_EQ(w.knots().size(), 6u);
     EXPECT_EQ(w.polygoon().graad, 1.0f);
+}
+
+// Orders far above the editor's own limit come only from a file; their blossoms recurse deep
+// enough to move the engine's storage while a level still writes into it.
+TEST(HighOrder, ACurveFromAFileDrawsWhereSislPutsIt) {
+    std::mt19937 rng(12);
+    for (const auto& [k, n] : {std::pair{30, 40}, std::pair{25, 30}}) {
+        TestDir dir;
+        ScriptedDialogs dialogs;
+        HeadlessWindow s, t;
+        s.setRandomCurve(rng, k, n);
+        Opslag(s, dialogs, dir.path()).opslaan(dir.file("hoog.zwl"));
+        Opslag(t, dialogs, dir.path()).openen(dir.file("hoog.zwl"));
+        t.evaluator().teken_spline();
+        EXPECT_FALSE(t.Doek().log().empty());
+        const SislCurve reference = toSisl(t);
+        const std::vector<double> u = t.knots();
+        for (double f : {0.0, 0.3, 0.77}) {
+            const double at = u[k - 1] + f * (u[n] - u[k - 1]);
+            const Punt drawn = t.drawnPoint(at);
+            const Xy expected = sislPoint(reference.get(), at);
+            EXPECT_NEAR(drawn.X, expected[0], 0.5) << k << " at " << at;
+            EXPECT_NEAR(drawn.Y, expected[1], 0.5) << k << " at " << at;
+        }
+    }
 }
 
 }  // namespace

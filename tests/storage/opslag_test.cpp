@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-#include <random>
 #include <tuple>
 #include <vector>
 
@@ -65,53 +64,6 @@ TEST(Opslag, TheRecordsWithAndWithoutAnOrderComeBack) {
         EXPECT_EQ(t.w.polygoon().orde_gezet, k > 0);
         t.ops.opslaan(t.dir.file("b.zwl"));
         EXPECT_EQ(recordsOf(t.dir.file("b.zwl")), expected) << k;
-    }
-}
-
-// de Boor's algorithm on the file's points, every weight 1: independent of the blossom engine.
-Punt deBoor(HeadlessWindow& w, double t) {
-    const int k = static_cast<int>(w.polygoon().orde);
-    const std::vector<double> u = w.knots();
-    int s = k - 1;
-    while (s + 1 < static_cast<int>(u.size()) - k && u[s + 1] <= t) {
-        ++s;
-    }
-    std::vector<double> x, y;
-    for (int i = s - k + 1; i <= s; ++i) {
-        x.push_back(w.polygoon().punten(static_cast<float>(i)).X);
-        y.push_back(w.polygoon().punten(static_cast<float>(i)).Y);
-    }
-    for (int r = 1; r < k; ++r) {
-        for (int j = k - 1; j >= r; --j) {
-            const int i = s - k + 1 + j;
-            const double a = (t - u[i]) / (u[i + k - r] - u[i]);
-            x[j] = (1 - a) * x[j - 1] + a * x[j];
-            y[j] = (1 - a) * y[j - 1] + a * y[j];
-        }
-    }
-    return Punt(static_cast<float>(x[k - 1]), static_cast<float>(y[k - 1]));
-}
-
-// Orders far above the editor's own limit come only from a file; their blossoms recurse deep
-// enough to move the engine's storage while a level still writes into it.
-TEST(Opslag, AHighOrderCurveFromAFileDrawsWhereDeBoorPutsIt) {
-    std::mt19937 rng(12);
-    for (const auto& [k, n] : {std::pair{30, 40}, std::pair{25, 30}}) {
-        Store s;
-        s.w.setRandomCurve(rng, k, n);
-        s.ops.opslaan(s.dir.file("hoog.zwl"));
-        Store t;
-        t.ops.openen(s.dir.file("hoog.zwl"));
-        t.w.evaluator().teken_spline();
-        EXPECT_FALSE(t.w.Doek().log().empty());
-        const std::vector<double> u = t.w.knots();
-        for (double f : {0.0, 0.3, 0.77}) {
-            const double at = u[k - 1] + f * (u[n] - u[k - 1]);
-            const Punt drawn = t.w.drawnPoint(at);
-            const Punt expected = deBoor(t.w, at);
-            EXPECT_NEAR(drawn.X, expected.X, 0.5) << k << " at " << at;
-            EXPECT_NEAR(drawn.Y, expected.Y, 0.5) << k << " at " << at;
-        }
     }
 }
 
