@@ -63,12 +63,9 @@ TEST(HeadlessEditor, TheBlendingPaneDrawsKnotMarksFunctionsAndFrame) {
         SCOPED_TRACE(k * 10 + open);
         Editor e;
         HeadlessEditor& w = e.w;
-        std::mt19937 rng(9);
-        std::uniform_int_distribution<int> at(500, 9000);
         std::vector<std::pair<float, float>> points;
-        for (int i = 0; i < count; ++i) {
-            points.emplace_back(static_cast<float>(at(rng)), static_cast<float>(at(rng)));
-        }
+        for (int i = 0; i < count; ++i)
+            points.emplace_back(1000.0f + 1000.0f * i, i % 2 == 0 ? 2000.0f : 6000.0f);
         setCurve(w, k, points, open);
         w.meng().setLogging(true);
         w.Doek().setLogging(true);
