@@ -199,17 +199,16 @@ TEST_F(EditorTest, ZoomHalvesAndDoublesTheViewAndTheDiscs) {
         const Surface& d = w->Doek();
         return std::vector<double>{d.scaleLeft(), d.scaleTop(), d.scaleWidth(), d.scaleHeight()};
     };
-    w->mntBeeldZoomInzoemen_Click();
-    EXPECT_EQ(view(), (std::vector<double>{W / 4, H / 4, W / 2, H / 2}));
-    EXPECT_EQ(w->ControleStraal, 30);
-    EXPECT_EQ(doekLog()[0].radius, 30);
-    w->mntBeeldZoomNormaal_Click();
-    EXPECT_EQ(view(), (std::vector<double>{0, 0, W, H}));
-    EXPECT_EQ(w->ControleStraal, 60);
-
-    w->mntBeeldZoomUitzoemen_Click();
-    EXPECT_EQ(view(), (std::vector<double>{-W / 2, -H / 2, 2 * W, 2 * H}));
-    EXPECT_EQ(w->ControleStraal, 120);
+    const std::tuple<const char*, std::vector<double>, int> zooms[] = {
+        {"mntBeeldZoomInzoemen", {W / 4, H / 4, W / 2, H / 2}, 30},
+        {"mntBeeldZoomNormaal", {0, 0, W, H}, 60},
+        {"mntBeeldZoomUitzoemen", {-W / 2, -H / 2, 2 * W, 2 * H}, 120}};
+    for (const auto& [item, seen, radius] : zooms) {
+        w->menu(item)->trigger();
+        EXPECT_EQ(view(), seen) << item;
+        EXPECT_EQ(w->ControleStraal, radius) << item;
+        EXPECT_EQ(doekLog()[0].radius, radius) << item;
+    }
 
     // Halves go to the even neighbour: a radius of 1 vanishes, 3 becomes 2.
     for (auto [from, to] : {std::pair{1, 0}, std::pair{3, 2}}) {
