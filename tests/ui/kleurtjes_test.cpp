@@ -5,17 +5,14 @@
 #include <QTest>
 
 #include "editor_fixture.h"
-#include "platform/files.h"
 #include "ui/kleurtjes.h"
 
 namespace zw {
 namespace {
 
 struct Dialog {
-    explicit Dialog(bool withFile = true) {
-        if (withFile) {
-            RecordFile(dir.file("zwierlijn")).putLong(12, 0);
-        }
+    Dialog() {
+        RecordFile(dir.file("zwierlijn")).putLong(12, 0);
         form = std::make_unique<Kleurtjes>(w, dialogs, guard, dir.path());
     }
     std::int32_t record(int r) { return RecordFile(dir.file("zwierlijn")).getLong(r); }
@@ -30,21 +27,6 @@ struct Dialog {
     EventGuard guard{dialogs};
     std::unique_ptr<Kleurtjes> form;
 };
-
-TEST(Kleurtjes, AFirstStartAnnouncesAndCreatesTheSettingsFile) {
-    Dialog d(false);
-    ASSERT_EQ(d.dialogs.messages().size(), 1u);
-    EXPECT_EQ(d.dialogs.messages()[0].text, "File: " + d.dir.path() +
-                                                "\\zwierlijn wordt aangemaakt nu. Vergeet het "
-                                                "instellingen formulier niet te initialiseren...");
-    EXPECT_FALSE(d.form->file_bestaat);
-    EXPECT_TRUE(FileExists(d.dir.file("zwierlijn")));
-    // The file grows record by record as the user sets values.
-    d.dialogs.queueColour(rgb(1, 2, 3));
-    d.form->knop("Lijn")->click();
-    EXPECT_EQ(fileLength(d.dir.file("zwierlijn")), 20);
-    EXPECT_EQ(d.record(5), rgb(1, 2, 3));
-}
 
 // The records are the ones the editor reads at start-up.
 TEST(Kleurtjes, ColourButtonsAndTheRadiusSetTheirVariableAndRecord) {

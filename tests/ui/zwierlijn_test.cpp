@@ -3,12 +3,14 @@
 #include <QFile>
 #include <QMenuBar>
 #include <QProcess>
+#include <QPushButton>
 #include <sstream>
 
 #include "editor_fixture.h"
 #include "knots/knoop_vector.h"
 #include "platform/files.h"
 #include "spline/blossom_functie.h"
+#include "ui/kleurtjes.h"
 
 namespace zw {
 namespace {
@@ -39,8 +41,18 @@ TEST_F(EditorTest, StartsWithTheSettingsAndTheFixedState) {
     EXPECT_EQ(w->kleur(9), w->kleur(1));
 }
 
-// A first start shows the settings dialog modally; "Kleuren" shows it beside the editor.
-TEST_F(FirstStartTest, ShowsTheSettingsDialogModallyAndKleurenBesideTheEditor) {
+// A first start announces and creates the settings file, which grows record by record as the user
+// sets values, and shows the settings dialog modally; "Kleuren" shows it beside the editor.
+TEST_F(FirstStartTest, AnnouncesTheSettingsFileAndShowsItsDialogModallyThenBesideTheEditor) {
+    ASSERT_EQ(dialogs.messages().size(), 1u);
+    EXPECT_EQ(dialogs.messages()[0].text, "File: " + dir.path() +
+                                              "\\zwierlijn wordt aangemaakt nu. Vergeet het "
+                                              "instellingen formulier niet te initialiseren...");
+    EXPECT_TRUE(FileExists(dir.file("zwierlijn")));
+    dialogs.queueColour(rgb(1, 2, 3));
+    w->kleurtjes().knop("Lijn")->click();
+    EXPECT_EQ(fileLength(dir.file("zwierlijn")), 20);
+    EXPECT_EQ(RecordFile(dir.file("zwierlijn")).getLong(5), rgb(1, 2, 3));
     w->menu("mntBeeldKleuren")->trigger();
     ASSERT_EQ(dialogs.shown().size(), 2u);
     for (int i = 0; i < 2; ++i) {
