@@ -47,6 +47,15 @@ inline auto fieldsOf(const DrawRecord& r) {
                            r.fillStyle, r.fillColour);
 }
 
+// Every record's fields, to compare whole logs at once.
+inline auto fieldsOf(const std::vector<DrawRecord>& log) {
+    std::vector<decltype(fieldsOf(log[0]))> fields;
+    for (const DrawRecord& r : log) {
+        fields.push_back(fieldsOf(r));
+    }
+    return fields;
+}
+
 // The records of one kind, and of one colour if given, in a surface's log.
 inline std::vector<DrawRecord> recordsOf(const Surface& s, DrawKind kind,
                                          std::optional<Colour> colour = std::nullopt) {

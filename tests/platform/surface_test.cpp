@@ -91,9 +91,7 @@ TEST(SurfaceLogTest, RecordsPrimitivesAndFansWithTheStateOfTheMoment) {
         }
     }
     ASSERT_EQ(fan.log().size(), 6u);
-    for (std::size_t i = 0; i < 6; ++i) {
-        EXPECT_EQ(fieldsOf(fan.log()[i]), fieldsOf(lines.log()[i]));
-    }
+    EXPECT_EQ(fieldsOf(fan.log()), fieldsOf(lines.log()));
     EXPECT_EQ(fieldsOf(lines.log()[5]), std::make_tuple(DrawKind::kLine, 10.0, 3.0, 20.0, 4.0, 0.0,
                                                         kRed, 2, kFillTransparent, kBlack));
     EXPECT_EQ(errorOf([&] { fan.lineFan(20, c, 30, a, 3, colours, 2, 0, 1); }), kErrInternal);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <iterator>
 #include <random>
 #include <tuple>
 #include <vector>
@@ -226,11 +225,6 @@ TEST(TekenSpline, InKleurDrawsARunInTheSegmentColourAtTheCanvasWidth) {
         {[&] { be.kleur_controlepunten(3.5f); }, 3, 4, {3, 4, 5, 6}},
         {[&] { be.kleur_controlepunten(4.0f); }, 3, 4, {3, 4, 5, 6}},
     };
-    const auto fields = [](const std::vector<DrawRecord>& log) {
-        std::vector<decltype(fieldsOf(DrawRecord{}))> f;
-        std::transform(log.begin(), log.end(), std::back_inserter(f), fieldsOf);
-        return f;
-    };
     for (const auto& [view, begin, eind, marked] : views) {
         w.Doek().cls();
         w.evaluator().teken_spline_in_kleur(begin, eind);
@@ -242,7 +236,7 @@ TEST(TekenSpline, InKleurDrawsARunInTheSegmentColourAtTheCanvasWidth) {
         }
         w.Doek().cls();
         view();
-        EXPECT_EQ(fields(w.Doek().log()), fields(expected)) << begin << " .. " << eind;
+        EXPECT_EQ(fieldsOf(w.Doek().log()), fieldsOf(expected)) << begin << " .. " << eind;
     }
     w.setRandomCurve(rng, 4, 2);  // no segment: no Bezier notation either
     w.Doek().cls();
