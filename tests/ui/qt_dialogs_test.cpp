@@ -28,7 +28,7 @@
 namespace zw {
 namespace {
 
-TEST(QtFileFilterTest, ConvertsClassicFilters) {
+TEST(QtConversionTest, ClassicFiltersAndColours) {
     const std::pair<const char*, const char*> cases[] = {
         {"Zwl (*.zwl) |*.zwl|Alle (*.*)|*.*", "Zwl (*.zwl);;Alle (*.*)"},
         {"  Tekst  | *.txt |Alles", "Tekst (*.txt)"},
@@ -41,9 +41,7 @@ TEST(QtFileFilterTest, ConvertsClassicFilters) {
     for (const auto& [classic, qt] : cases) {
         EXPECT_EQ(toQtFileFilter(classic).toStdString(), qt) << classic;
     }
-}
-
-TEST(QtColourTest, ConvertsBothWaysUsingTheLow24Bits) {
+    // Colours both ways, by their low 24 bits.
     EXPECT_EQ(toQColor(static_cast<Colour>(0x80000000u) | rgb(1, 2, 3)), QColor(1, 2, 3));
     for (const Colour c : {kBlack, kWhite, rgb(255, 0, 0), rgb(0, 255, 0), rgb(0, 0, 255)}) {
         EXPECT_EQ(fromQColor(toQColor(c)), c);

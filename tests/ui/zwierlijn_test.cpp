@@ -133,7 +133,6 @@ TEST_F(EditorTest, ADragSamplesByTheDragStepTableAndTheReleaseRestoresTheStep) {
     QTest::mouseClick(&w->doekWidget(), Qt::RightButton, Qt::NoModifier, QPoint(20, 20));
     EXPECT_TRUE(dialogs.messages().empty());
     EXPECT_EQ(w->polygoon().graad, -1.0f);
-    EXPECT_EQ(w->evaluator().stap, 0.05f);
     testCurve();
     struct {
         bool openUniform;
