@@ -21,6 +21,7 @@
 
 #include "headless_window.h"
 #include "platform/event_guard.h"
+#include "platform/qimage_sink.h"
 #include "platform/scripted_dialogs.h"
 #include "platform/werk.h"
 #include "window/headless_editor.h"
@@ -89,7 +90,7 @@ void BM_Doek(benchmark::State& state) {
     Editor e(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
     for (auto _ : state) {
         e.w.Doek().refresh();
-        benchmark::DoNotOptimize(e.w.Doek().image().constBits());
+        benchmark::DoNotOptimize(zw::imageOf(e.w.Doek()).constBits());
     }
 }
 
@@ -99,8 +100,8 @@ void BM_DoekEnMeng(benchmark::State& state) {
     e.w.klik("mntBeeldMengFuncties");
     for (auto _ : state) {
         e.w.Doek().refresh();
-        benchmark::DoNotOptimize(e.w.Doek().image().constBits());
-        benchmark::DoNotOptimize(e.w.meng().image().constBits());
+        benchmark::DoNotOptimize(zw::imageOf(e.w.Doek()).constBits());
+        benchmark::DoNotOptimize(zw::imageOf(e.w.meng()).constBits());
     }
     zw::Werkbudget budget;
     e.w.Doek().refresh();
@@ -119,7 +120,7 @@ void BM_DoekAllesAan(benchmark::State& state) {
     for (auto _ : state) {
         e.w.Doek().refresh();
         for (zw::Surface* s : {&e.w.Doek(), &e.w.meng(), &e.w.Knopen()}) {
-            benchmark::DoNotOptimize(s->image().constBits());
+            benchmark::DoNotOptimize(zw::imageOf(*s).constBits());
         }
     }
 }
@@ -170,7 +171,7 @@ void BM_GroteKromme(benchmark::State& state) {
         try {
             w.Doek().refresh();
             for (zw::Surface* s : {&w.Doek(), &w.meng(), &w.Knopen()}) {
-                benchmark::DoNotOptimize(s->image().constBits());
+                benchmark::DoNotOptimize(zw::imageOf(*s).constBits());
             }
         } catch (const zw::RuntimeError& fout) {
             state.SkipWithError(zw::errorMessage(fout).c_str());

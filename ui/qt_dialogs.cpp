@@ -17,8 +17,8 @@
 #include <QTranslator>
 #include <QTreeView>
 
+#include "platform/qimage_sink.h"
 #include "platform/runtime_error.h"
-#include "platform/surface.h"
 
 namespace zw {
 

@@ -4,6 +4,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include "platform/qimage_sink.h"
+
 namespace zw {
 
 SurfaceWidget::SurfaceWidget(Surface& surface, EventGuard& guard, QWidget* parent)
@@ -55,7 +57,7 @@ void SurfaceWidget::paintEvent(QPaintEvent*) {
         schedulePaint();
     }
     QPainter painter(this);
-    painter.drawImage(QPointF(0.0, 0.0), surface_.image());
+    painter.drawImage(QPointF(0.0, 0.0), imageOf(surface_));
 }
 
 void SurfaceWidget::resizeEvent(QResizeEvent*) {

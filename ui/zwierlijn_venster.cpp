@@ -12,6 +12,7 @@
 #include <QToolBar>
 
 #include "platform/record_file.h"
+#include "platform/qimage_sink.h"
 #include "platform/runtime_error.h"
 #include "ui/gewichten_venster.h"
 #include "ui/kleurtjes.h"

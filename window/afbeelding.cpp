@@ -15,7 +15,9 @@
 
 #include "platform/files.h"
 #include "platform/runtime_error.h"
-#include "platform/vector_target.h"
+#include "platform/figure_painter.h"
+#include "platform/figure_sink.h"
+#include "platform/qimage_sink.h"
 #include "window/zwierlijn.h"
 
 namespace zw {
@@ -26,7 +28,7 @@ namespace {
 // screen of 96 dots to the inch.
 constexpr int kSchermDpi = 96;
 constexpr double kPuntenPerPixel = 72.0 / kSchermDpi;
-constexpr qreal kPngVerhouding = 2.0;
+constexpr double kPngVerhouding = 2.0;
 constexpr double kInchesPerMeter = 1.0 / 0.0254;
 // As much as the surfaces allow themselves (256 MB).
 constexpr qint64 kMaxPngPixels = 64 * 1024 * 1024;
@@ -39,18 +41,18 @@ const char kBeschrijving[] = "Een B-spline-kromme, getekend met Zwierlijn";
 // The canvas' drawing and, when shown, the blending pane's, each in its own pixels.
 struct Tekening {
     QSize grootte;
-    VectorTarget doek;
-    VectorTarget meng;
+    FigureSink doek;
+    FigureSink meng;
     QRect mengvak;
 };
 
 // Attached for one redraw, and detached however the redraw ends.
 class Aansluiting {
   public:
-    Aansluiting(Surface& surface, VectorTarget& doel) : surface_(surface) {
-        surface_.setVectorTarget(&doel);
+    Aansluiting(Surface& surface, FigureSink& doel) : surface_(surface) {
+        surface_.setFigure(&doel);
     }
-    ~Aansluiting() { surface_.setVectorTarget(nullptr); }
+    ~Aansluiting() { surface_.setFigure(nullptr); }
     Aansluiting(const Aansluiting&) = delete;
     Aansluiting& operator=(const Aansluiting&) = delete;
 
@@ -82,13 +84,13 @@ void schilder(const Tekening& t, QPainter& p) {
     // Nothing is written, but an SVG names the painter's font: one fixed font makes the file the
     // same whether a program has a desktop's fonts or none.
     p.setFont(QFont(QStringLiteral("sans-serif"), kPuntgrootte));
-    t.doek.paint(p, QRectF(QPointF(0, 0), QSizeF(t.grootte)));
+    paintFigure(p, t.doek, QRectF(QPointF(0, 0), QSizeF(t.grootte)));
     if (t.mengvak.isEmpty() || t.meng.empty()) {
         return;
     }
     p.save();
     p.setClipRect(t.mengvak);
-    t.meng.paint(p, QRectF(t.mengvak));
+    paintFigure(p, t.meng, QRectF(t.mengvak));
     p.restore();
 }
 
@@ -126,32 +128,37 @@ QByteArray alsPdf(const Tekening& t) {
     return buffer.data();
 }
 
-QImage alsBeeld(const Tekening& t) {
-    const QSize pixels = t.grootte * kPngVerhouding;
-    if (qint64{pixels.width()} * pixels.height() > kMaxPngPixels) {
+// Painted by the screen's own raster sink, so that the figure at the screen's pixel ratio is the
+// screen's picture, pixel for pixel; the pane is copied over its corner, as its widget lies there.
+QImage alsBeeld(const Tekening& t, double verhouding) {
+    const double pixels = t.grootte.width() * verhouding * t.grootte.height() * verhouding;
+    if (!(pixels <= kMaxPngPixels)) {
         raise(kErrOutOfMemory);
     }
-    QImage beeld(pixels, QImage::Format_ARGB32_Premultiplied);
-    if (beeld.isNull()) {
-        raise(kErrOutOfMemory);
+    QImageSink doek;
+    doek.resize(t.grootte.width(), t.grootte.height(), verhouding);
+    doek.clear(kWhite);
+    t.doek.replay(doek);
+    QImage beeld = doek.image();
+    if (!t.mengvak.isEmpty() && !t.meng.empty()) {
+        QImageSink meng;
+        meng.resize(t.mengvak.width(), t.mengvak.height(), verhouding);
+        meng.clear(kWhite);
+        t.meng.replay(meng);
+        QPainter p(&beeld);
+        p.drawImage(QPointF(t.mengvak.topLeft()), meng.image());
     }
-    beeld.setDevicePixelRatio(kPngVerhouding);
     // A document that places the image by its resolution shows it at the canvas' size.
-    const int dpm = qRound(kSchermDpi * kPngVerhouding * kInchesPerMeter);
+    const int dpm = qRound(kSchermDpi * verhouding * kInchesPerMeter);
     beeld.setDotsPerMeterX(dpm);
     beeld.setDotsPerMeterY(dpm);
-    beeld.fill(Qt::white);
-    {
-        QPainter p(&beeld);
-        schilder(t, p);
-    }
     return beeld;
 }
 
 QByteArray alsPng(const Tekening& t) {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    alsBeeld(t).save(&buffer, "PNG");
+    alsBeeld(t, kPngVerhouding).save(&buffer, "PNG");
     return buffer.data();
 }
 
@@ -207,10 +214,10 @@ void exporteerAfbeelding(Zwierlijn& venster, const std::string& bestand) {
     }
 }
 
-QImage afbeeldingAlsBeeld(Zwierlijn& venster) {
+QImage afbeeldingAlsBeeld(Zwierlijn& venster, double verhouding) {
     Tekening t;
     teken(venster, t);
-    return alsBeeld(t);
+    return alsBeeld(t, verhouding);
 }
 
 }  // namespace zw

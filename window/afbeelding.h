@@ -24,7 +24,8 @@ Afbeeldingsoort afbeeldingsoort(const std::string& bestand);
 // error 5; a file that cannot be written, its classic error (75, 76, or 61 when it is cut short).
 void exporteerAfbeelding(Zwierlijn& venster, const std::string& bestand);
 
-// The picture a PNG export holds, at twice the canvas' pixels, without a file.
-QImage afbeeldingAlsBeeld(Zwierlijn& venster);
+// The picture a PNG export holds, at twice the canvas' pixels (or at another pixel ratio),
+// without a file.
+QImage afbeeldingAlsBeeld(Zwierlijn& venster, double verhouding = 2.0);
 
 }  // namespace zw

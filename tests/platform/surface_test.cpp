@@ -14,7 +14,8 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/strokes.h"
+#include "platform/qimage_sink.h"
+#include "platform/thin_polyline.h"
 #include "test_support.h"
 
 namespace zw {
@@ -50,7 +51,7 @@ TEST(SurfaceErrorTest, RefusedValuesRaiseTheClassicErrorAndChangeNothing) {
     empty.line(0, 0, 100, 100, kBlack);
     empty.circle(0, 0, 100, kBlack);
     empty.cls();
-    EXPECT_TRUE(empty.image().isNull());
+    EXPECT_TRUE(imageOf(empty).isNull());
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const std::vector<std::pair<std::function<void(Surface&)>, int>> cases = {
         {[](Surface& s) { s.setDrawWidth(0); }, kErrInvalidProperty},
@@ -121,7 +122,7 @@ TEST(SurfaceLogTest, ClsBackgroundAndResizeClearLogAndImage) {
         EXPECT_EQ(surface.log().empty(), cases[i].second);
         // Antialiasing blends edges; the middle of a stroke is the colour or very near it.
         const Colour want = cases[i].second ? surface.backColour() : kRed;
-        EXPECT_LE(difference(surface.image().pixelColor(10, 10), toQColor(want)), 24);
+        EXPECT_LE(difference(imageOf(surface).pixelColor(10, 10), toQColor(want)), 24);
     }
 }
 
@@ -177,13 +178,18 @@ TEST(SurfaceRasterTest, AThinnedPolylinePassesWithinTheToleranceOfEveryPoint) {
     };
     const double tolerance = 0.125;
     for (const auto& path : paths) {
+        const auto at = [&](int i) { return PixelPoint{path(i).x(), path(i).y()}; };
         ThinPolyline line;
-        line.start(path(0), tolerance, 64);
+        line.start(at(0), tolerance, 64);
         for (int i = 1; i < 1000; ++i) {
-            line.add(path(i));
+            line.add(at(i));
         }
+        std::vector<PixelPoint> points;
+        line.appendTo(points);
         std::vector<QPointF> kept;
-        line.appendTo(kept);
+        for (const PixelPoint& q : points) {
+            kept.emplace_back(q.x, q.y);
+        }
         EXPECT_EQ(std::make_pair(kept.front(), kept.back()), std::make_pair(path(0), path(999)));
         for (int i = 0; i < 1000; ++i) {
             double nearest = 1e9;
@@ -226,7 +232,7 @@ TEST(SurfaceRasterTest, LinesAndDiscsPaintWhatTheyStandFor) {
         surface.setFillStyle(kFillSolid);
         surface.setFillColour(kGreen);
         surface.circle(16.08, 2.62, 0.4667, kRed);
-        QImage expected(surface.image().size(), QImage::Format_ARGB32_Premultiplied);
+        QImage expected(imageOf(surface).size(), QImage::Format_ARGB32_Premultiplied);
         expected.setDevicePixelRatio(ratio);
         expected.fill(Qt::white);
         QPainter p(&expected);
@@ -248,7 +254,7 @@ TEST(SurfaceRasterTest, LinesAndDiscsPaintWhatTheyStandFor) {
         for (int y = 0; y < expected.height(); ++y) {
             for (int x = 0; x < expected.width(); ++x) {
                 worst = std::max(
-                    worst, difference(expected.pixelColor(x, y), surface.image().pixelColor(x, y)));
+                    worst, difference(expected.pixelColor(x, y), imageOf(surface).pixelColor(x, y)));
             }
         }
         EXPECT_LE(worst, 64);  // edges moved by an eighth of a pixel at most: a disc is placed to

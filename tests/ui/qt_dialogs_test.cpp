@@ -20,6 +20,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/qimage_sink.h"
 #include "platform/runtime_error.h"
 #include "platform/scripted_dialogs.h"
 #include "platform/surface.h"

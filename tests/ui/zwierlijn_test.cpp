@@ -10,6 +10,7 @@
 #include "editor_fixture.h"
 #include "knots/knoop_vector.h"
 #include "platform/files.h"
+#include "platform/qimage_sink.h"
 #include "spline/blossom_functie.h"
 #include "ui/kleurtjes.h"
 
@@ -373,7 +374,7 @@ TEST_F(EditorTest, ExportIsTheRenderersFigureAndLeavesEverythingAsItWas) {
     w->menu(QStringLiteral("mntBeeldMengFuncties"))->trigger();
     w->ops().opslaan(dir.file("k.zwl"));
     const std::string voor = stand(*w, dir.path());
-    const QImage doek = w->Doek().image().copy();
+    const QImage doek = imageOf(w->Doek()).copy();
     const auto pad = [&](const char* naam) { return QString::fromStdString(dir.file(naam)); };
     for (const char* soort : {"svg", "png", "pdf", "nee/f.svg"}) {
         const QString editor = pad("editor.") + QLatin1String(soort);
@@ -396,7 +397,7 @@ TEST_F(EditorTest, ExportIsTheRenderersFigureAndLeavesEverythingAsItWas) {
         dialogs.fileRequests().back().request.filter,
         "SVG-afbeelding (*.svg)|*.svg|PDF-document (*.pdf)|*.pdf|PNG-afbeelding (*.png)|*.png");
     EXPECT_EQ(stand(*w, dir.path()), voor);
-    EXPECT_EQ(w->Doek().image(), doek);
+    EXPECT_EQ(imageOf(w->Doek()), doek);
 }
 
 }  // namespace

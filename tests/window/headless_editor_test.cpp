@@ -18,6 +18,7 @@
 #include "editor_script.h"
 #include "headless_window.h"
 #include "platform/werk.h"
+#include "platform/qimage_sink.h"
 #include "window/afbeelding.h"
 
 namespace zw {
@@ -224,7 +225,7 @@ TEST(HeadlessEditor, PointsInColourArePaintedAsTheirPasses) {
         }
     }
     // The largest difference of a channel on the discs' rims, and elsewhere.
-    const QImage &beeld = w.Doek().image(), &verwacht = gangen.image();
+    const QImage &beeld = imageOf(w.Doek()), &verwacht = imageOf(gangen);
     int rand = 0, elders = 0;
     for (int y = 0; y < beeld.height(); ++y) {
         for (int x = 0; x < beeld.width(); ++x) {
