@@ -1,7 +1,9 @@
 #include "platform/qimage_sink.h"
 
+#include <QCoreApplication>
 #include <QFont>
 #include <QFontMetricsF>
+#include <QGuiApplication>
 #include <QPaintDevice>
 #include <QPainter>
 #include <QString>
@@ -111,6 +113,10 @@ const QImage& imageOf(const Surface& surface) {
 }
 
 void paintText(QPainter& painter, QPointF at, const std::string& utf8, const TextStyle& style) {
+    // Fonts come with a GUI application; a program without one (a fuzz target) draws no text.
+    if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()) == nullptr) {
+        return;
+    }
     const QString text = QString::fromStdString(utf8);
     QFont font(QStringLiteral("sans-serif"));
     // Sizes in points of the screen's 96 logical pixels to the inch, on any device.

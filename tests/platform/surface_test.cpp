@@ -7,13 +7,17 @@
 #include <utility>
 #include <vector>
 
+#include <QBuffer>
 #include <QPainter>
+#include <QSvgGenerator>
 #include <QRect>
 #include <algorithm>
 #include <cmath>
 
 #include <gtest/gtest.h>
 
+#include "platform/figure_painter.h"
+#include "platform/figure_sink.h"
 #include "platform/qimage_sink.h"
 #include "platform/thin_polyline.h"
 #include "test_support.h"
@@ -260,6 +264,64 @@ TEST(SurfaceRasterTest, LinesAndDiscsPaintWhatTheyStandFor) {
         EXPECT_LE(worst, 64);  // edges moved by an eighth of a pixel at most: a disc is placed to
                                // the nearest quarter pixel
     }
+}
+
+// A text is logged as asked, painted into the raster at a size that does not follow the zoom,
+// anchored along it and centred across, and kept by a figure, whose SVG holds it as text.
+TEST(SurfaceTextTest, ATextIsLoggedPaintedAtItsPointSizeAndKeptAsTextByAFigure) {
+    const auto inkt = [](const QImage& image) {  // the bounding box of the red pixels
+        QRect box;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor c = image.pixelColor(x, y);
+                box = c.red() > 200 && c.green() < 150 ? box.united(QRect(x, y, 1, 1)) : box;
+            }
+        }
+        return box;
+    };
+    QRect vorige;
+    for (const auto& [zoom, anchor] : {std::make_pair(1.0, TextAnchor::kCentre),
+                                        std::make_pair(2.0, TextAnchor::kCentre),
+                                        std::make_pair(1.0, TextAnchor::kRight)}) {
+        Surface surface;
+        surface.setPixelSize(200, 60);
+        surface.scale(0, 0, 20 * zoom, 6 * zoom);
+        surface.setLogging(true);
+        surface.text(10 * zoom, 3 * zoom, "Knoop 3", kRed, 12, anchor);
+        ASSERT_EQ(surface.log().size(), 1u);
+        EXPECT_EQ(std::make_tuple(surface.log()[0].kind, surface.log()[0].text,
+                                  surface.log()[0].points, surface.log()[0].anchor),
+                  std::make_tuple(DrawKind::kText, std::string("Knoop 3"), 12.0, anchor));
+        const QRect box = inkt(imageOf(surface));
+        const double along = anchor == TextAnchor::kRight ? box.right() + 1 : box.center().x();
+        EXPECT_NEAR(along, 100, 3);
+        EXPECT_NEAR(box.center().y(), 30, 3);
+        EXPECT_GT(box.width(), 40);
+        if (anchor == TextAnchor::kCentre && !vorige.isNull()) {
+            EXPECT_EQ(box.size(), vorige.size());
+        }
+        vorige = box;
+    }
+    EXPECT_EQ(errorOf([] { Surface().text(0, 0, "x", kRed, 0); }), kErrInvalidProperty);
+
+    Surface surface;
+    surface.setPixelSize(200, 60);
+    FigureSink figure;
+    surface.setFigure(&figure);
+    surface.text(1500, 450, "C2", kRed, 9);
+    ASSERT_EQ(figure.items().size(), 1u);
+    EXPECT_EQ(figure.items()[0].text, "C2");
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QSvgGenerator svg;
+    svg.setOutputDevice(&buffer);
+    svg.setSize(QSize(200, 60));
+    svg.setResolution(96);
+    {
+        QPainter p(&svg);
+        paintFigure(p, figure, QRectF(0, 0, 200, 60));
+    }
+    EXPECT_TRUE(buffer.data().contains(">C2</text>")) << buffer.data().toStdString();
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QImage>
+#include <QPainter>
 #include <QPainterPath>
 #include <QPen>
 #include <QProcess>
@@ -17,8 +18,8 @@
 
 #include "editor_script.h"
 #include "headless_window.h"
-#include "platform/werk.h"
 #include "platform/qimage_sink.h"
+#include "platform/werk.h"
 #include "window/afbeelding.h"
 
 namespace zw {
@@ -370,6 +371,23 @@ TEST(Afbeelding, PdfIsOnePageOfTheCanvasAndPngHasTwiceItsPixels) {
     const QPointF p = f.pixel(drawnPoint(f.w, (f.w.vec().knoop(3) + f.w.vec().knoop(4)) / 2)) * 2;
     EXPECT_EQ(png.pixelColor(p.toPoint()), toQColor(f.w.krommekleur));
     EXPECT_EQ(png.pixelColor(0, 0), toQColor(f.w.doekkleur));
+}
+
+// One raster picture has one renderer: at the screen's pixel ratio the PNG's picture is what the
+// screen shows, pixel for pixel, the blending pane over its corner of the canvas.
+TEST(Afbeelding, APngAtTheScreensRatioIsTheScreensPicture) {
+    Figuur f;
+    for (const char* item : {"mntBeeldMengFuncties", "mntBeeldBezier", "mntBeeldGewichten"}) {
+        f.w.klik(item);
+    }
+    const QImage figuur = afbeeldingAlsBeeld(f.w, 1.0);
+    QImage scherm = imageOf(f.w.Doek()).copy();
+    {
+        QPainter p(&scherm);
+        p.drawImage(QPoint(f.w.meng().pixelLeft(), f.w.meng().pixelTop()), imageOf(f.w.meng()));
+    }
+    ASSERT_EQ(figuur.size(), scherm.size());
+    EXPECT_TRUE(figuur.convertToFormat(scherm.format()) == scherm);
 }
 
 // The renderer's exit status: 0 with a figure written, 1 with the run-time error's text for a
