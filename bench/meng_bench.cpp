@@ -19,6 +19,7 @@
 #include <random>
 #include <vector>
 
+#include "bench_editor.h"
 #include "headless_window.h"
 #include "platform/event_guard.h"
 #include "platform/qimage_sink.h"
@@ -28,22 +29,7 @@
 
 namespace {
 
-struct Editor {
-    Editor(int segmenten, int orde) {
-        w.start();
-        std::mt19937 rng(5);
-        std::uniform_int_distribution<int> x(1000, 14000), y(1000, 9000);
-        std::vector<std::pair<float, float>> punten;
-        for (int i = 0; i < segmenten + orde - 1; ++i) {
-            const auto px = static_cast<float>(x(rng));
-            punten.emplace_back(px, static_cast<float>(y(rng)));
-        }
-        zw::setCurve(w, orde, punten);
-    }
-    zw::TestDir dir;
-    zw::ScriptedDialogs dialogs;
-    zw::HeadlessEditor w{dir.path(), dialogs, 1200, 800};
-};
+using Editor = BenchEditor;
 
 // Each primitive as the surface stroked it on its own.
 void strokeOneByOne(const zw::Surface& surface, QImage& image) {
@@ -111,12 +97,7 @@ void BM_DoekEnMeng(benchmark::State& state) {
 
 void BM_DoekAllesAan(benchmark::State& state) {
     Editor e(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
-    for (const char* item :
-         {"mntBeeldMengFuncties", "mntBeeldBezier", "mntBeeldSegmentperControl"}) {
-        e.w.klik(item);
-    }
-    const zw::Punt midden = e.w.polygoon().punten(e.w.polygoon().graad / 2);
-    e.w.Doek_MouseDown(1, 0, midden.X, midden.Y);
+    e.allesAan();
     for (auto _ : state) {
         e.w.Doek().refresh();
         for (zw::Surface* s : {&e.w.Doek(), &e.w.meng(), &e.w.Knopen()}) {

@@ -12,11 +12,9 @@
 #include <algorithm>
 #include <map>
 #include <memory>
-#include <random>
 #include <vector>
 
-#include "headless_window.h"
-#include "platform/scripted_dialogs.h"
+#include "bench_editor.h"
 #include "platform/figure_sink.h"
 #include "platform/qimage_sink.h"
 #include "window/headless_editor.h"
@@ -35,24 +33,9 @@ std::vector<Plaat>& opname(int segmenten, int orde) {
     if (!platen.empty()) {
         return platen;
     }
-    zw::TestDir dir;
-    zw::ScriptedDialogs dialogs;
-    zw::HeadlessEditor w{dir.path(), dialogs, 1200, 800};
-    w.start();
-    std::mt19937 rng(5);
-    std::uniform_int_distribution<int> x(1000, 14000), y(1000, 9000);
-    std::vector<std::pair<float, float>> punten;
-    for (int i = 0; i < segmenten + orde - 1; ++i) {
-        const auto px = static_cast<float>(x(rng));
-        punten.emplace_back(px, static_cast<float>(y(rng)));
-    }
-    zw::setCurve(w, orde, punten);
-    for (const char* item :
-         {"mntBeeldMengFuncties", "mntBeeldBezier", "mntBeeldSegmentperControl"}) {
-        w.klik(item);
-    }
-    const zw::Punt midden = w.polygoon().punten(w.polygoon().graad / 2);
-    w.Doek_MouseDown(1, 0, midden.X, midden.Y);
+    BenchEditor e(segmenten, orde);
+    e.allesAan();
+    zw::HeadlessEditor& w = e.w;
     std::vector<zw::Surface*> surfaces{&w.Doek(), &w.meng(), &w.Knopen()};
     platen.resize(surfaces.size());
     for (std::size_t i = 0; i < surfaces.size(); ++i) {

@@ -64,6 +64,14 @@ class DrawLog {
             records_.push_back(std::move(record));
         }
     }
+    // A line or circle with the pen and fill of the moment.
+    void add(DrawKind kind, double x1, double y1, double x2, double y2, double radius,
+             Colour colour, const Pen& pen, std::uint32_t times = 1) {
+        if (on_) {
+            records_.push_back({kind, x1, y1, x2, y2, radius, colour, pen.width, pen.fillStyle,
+                                pen.fillColour, times});
+        }
+    }
 
   private:
     bool on_ = false;

@@ -41,18 +41,7 @@ void LineBatch::setSink(Sink* sink, double tolerance) {
 
 void LineBatch::logLine(const Pen& pen, double x1, double y1, double x2, double y2,
                         Colour colour) {
-    if (log_.on()) {
-        DrawRecord r;
-        r.x1 = x1;
-        r.y1 = y1;
-        r.x2 = x2;
-        r.y2 = y2;
-        r.colour = colour;
-        r.drawWidth = pen.width;
-        r.fillStyle = pen.fillStyle;
-        r.fillColour = pen.fillColour;
-        log_.add(std::move(r));
-    }
+    log_.add(DrawKind::kLine, x1, y1, x2, y2, 0.0, colour, pen);
 }
 
 bool LineBatch::line(const ScaleMapper& map, const Pen& pen, double x1, double y1, double x2,

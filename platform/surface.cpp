@@ -166,19 +166,7 @@ void Surface::circle(double x, double y, double radius, Colour colour, std::uint
     const PixelPoint centre{map.toPixelX(x), map.toPixelY(y)};
     const double pixelRadius = map.widthToPixels(radius);
     meter_.circle(pixelRadius);
-    if (log_.on()) {
-        DrawRecord r;
-        r.kind = DrawKind::kCircle;
-        r.x1 = x;
-        r.y1 = y;
-        r.radius = radius;
-        r.colour = colour;
-        r.drawWidth = pen_.width;
-        r.fillStyle = pen_.fillStyle;
-        r.fillColour = pen_.fillColour;
-        r.times = times;
-        log_.add(std::move(r));
-    }
+    log_.add(DrawKind::kCircle, x, y, 0.0, 0.0, radius, colour, pen_, times);
     batch_.flush();
     Sink* s = sink();
     if (!isFinite(centre) || !std::isfinite(pixelRadius) || s == nullptr) {
@@ -202,15 +190,8 @@ void Surface::text(double x, double y, const std::string& utf8, Colour colour, d
     const PixelPoint at{map.toPixelX(x), map.toPixelY(y)};
     meter_.text(utf8.size());
     if (log_.on()) {
-        DrawRecord r;
-        r.kind = DrawKind::kText;
-        r.x1 = x;
-        r.y1 = y;
-        r.colour = colour;
-        r.text = utf8;
-        r.points = points;
-        r.anchor = anchor;
-        log_.add(std::move(r));
+        log_.add({DrawKind::kText, x, y, 0.0, 0.0, 0.0, colour, pen_.width, pen_.fillStyle,
+                  pen_.fillColour, 1, utf8, points, anchor});
     }
     batch_.flush();
     Sink* s = sink();
