@@ -24,11 +24,12 @@ namespace {
 // knots a few millionths apart, so the clamped ends of an open-uniform vector lie within it.
 constexpr double kZelfdeKnoop = 1e-5;
 
-// The work of a blend of two weighted points, and of one argument of a label. A point of level
-// r has k - 1 arguments, so the labels cost k * k * k / 2 and outweigh the triangle's k * k / 2
-// blends from order 8 on.
-constexpr std::uint64_t kWerkStap = 10;
-constexpr std::uint64_t kWerkArgument = 20;
+// What a construction costs, as measured: the call, each of the about k * k / 2 points of the
+// triangle (its blend, projection and label) and each argument of a label. Every label has k - 1
+// arguments, so the labels grow with the cube of the order.
+constexpr std::uint64_t kWerkAanroep = 300;
+constexpr std::uint64_t kWerkPunt = 80;
+constexpr std::uint64_t kWerkArgument = 25;
 // An order beyond any polygon the editor holds: its charge could no longer be counted.
 constexpr std::int64_t kMaxOrde = std::int64_t{1} << 16;
 
@@ -73,8 +74,8 @@ Gewogen meng(const Gewogen& p, const Gewogen& q, double a) {
 }
 
 // The ratio in which t divides the knot interval [u, v]. An interval without length (equal knots
-// at the end of the range, after a drag) takes the left point: t lies in it, so u is t, and the
-// left point's blossom, f(u, ...), already is the blend's f(..., t).
+// at the end of the range, after a drag) holds t, so u = v = t: both ends of the leg, f(u, ...)
+// and f(..., v), already are the blend f(..., t), and the left one is taken.
 double verhouding(double t, double u, double v) {
     const double lengte = v - u;
     if (!(lengte > 0.0)) {
@@ -132,6 +133,43 @@ std::string label(const std::vector<std::string>& getallen, std::int64_t eerste,
     return tekst + ")";
 }
 
+// De Boor's triangle in span l: point i of level r divides the leg from point i - 1 to point i of
+// level r - 1 as t divides [knoop(i), knoop(i + k - r)]. Level r is also the stretch that inserting
+// t r times puts into the polygon (Boehm), and its last point, at level k - 1, the curve point.
+std::vector<ConstructieNiveau> driehoek(const ConstructieKromme& kromme, double t,
+                                        std::int64_t l) {
+    const std::int64_t k = kromme.orde;
+    const std::int64_t eerste = l - k + 1;
+    const bool gewogen_kromme = rationeel(kromme);
+    // Every label names knots l - k + 2 .. l + k - 1: each is written once.
+    std::vector<std::string> getallen;
+    for (std::int64_t i = eerste + 1; i <= l + k - 1; ++i) {
+        getallen.push_back(kort_getal(bij(kromme.knopen, i)));
+    }
+    std::vector<Gewogen> p;
+    for (std::int64_t j = 0; j < k; ++j) {
+        p.push_back(gewogen(kromme, eerste + j));
+    }
+    // Level r keeps entries r .. k - 1 of p, written from the right so that entry j - 1 still
+    // holds level r - 1.
+    std::vector<ConstructieNiveau> niveaus;
+    for (std::int64_t r = 0; r < k; ++r) {
+        ConstructieNiveau niveau;
+        for (std::int64_t j = k - 1; r > 0 && j >= r; --j) {
+            const std::int64_t i = eerste + j;
+            const double a =
+                verhouding(t, bij(kromme.knopen, i), bij(kromme.knopen, i + k - r));
+            bij(p, j) = meng(bij(p, j - 1), bij(p, j), a);
+        }
+        for (std::int64_t j = r; j < k; ++j) {
+            niveau.punten.push_back(geprojecteerd(bij(p, j), gewogen_kromme));
+            niveau.labels.push_back(label(getallen, eerste + 1, eerste + j, k, r));
+        }
+        niveaus.push_back(std::move(niveau));
+    }
+    return niveaus;
+}
+
 }  // namespace
 
 ConstructieKromme kromme_van(MainWindow& window) {
@@ -171,43 +209,15 @@ std::optional<Constructie> bouw_constructie(const ConstructieKromme& kromme, dou
         return std::nullopt;
     }
     const std::int64_t k = kromme.orde;
-    const auto kk = static_cast<std::uint64_t>(k * k);
-    werk(kWerkStap * kk + kWerkArgument * kk * static_cast<std::uint64_t>(k) / 2);
+    const auto punten = static_cast<std::uint64_t>(k * k / 2);
+    werk(kWerkAanroep + punten * (kWerkPunt + kWerkArgument * static_cast<std::uint64_t>(k)));
     t = bereik->klem(t);
     const std::int64_t l = span(kromme.knopen, k, t);
-    const std::int64_t eerste = l - k + 1;
-    const bool gewogen_kromme = rationeel(kromme);
-
-    // Every label names knots l - k + 2 .. l + k - 1: each is written once.
-    std::vector<std::string> getallen;
-    for (std::int64_t i = eerste + 1; i <= l + k - 1; ++i) {
-        getallen.push_back(kort_getal(bij(kromme.knopen, i)));
-    }
     Constructie c;
     c.segment = static_cast<int>(l - k + 2);
-    c.eersteIndex = static_cast<int>(eerste);
-    std::vector<Gewogen> p;
-    for (std::int64_t j = 0; j < k; ++j) {
-        p.push_back(gewogen(kromme, eerste + j));
-    }
-    // De Boor: point i of level r divides the segment from point i - 1 to point i of level r - 1
-    // as t divides [knoop(i), knoop(i + k - r)]. Level r keeps entries r .. k - 1 of p, written
-    // from the right so that entry j - 1 still holds level r - 1.
-    for (std::int64_t r = 0; r < k; ++r) {
-        ConstructieNiveau niveau;
-        for (std::int64_t j = k - 1; r > 0 && j >= r; --j) {
-            const std::int64_t i = eerste + j;
-            const double a =
-                verhouding(t, bij(kromme.knopen, i), bij(kromme.knopen, i + k - r));
-            bij(p, j) = meng(bij(p, j - 1), bij(p, j), a);
-        }
-        for (std::int64_t j = r; j < k; ++j) {
-            niveau.punten.push_back(geprojecteerd(bij(p, j), gewogen_kromme));
-            niveau.labels.push_back(label(getallen, eerste + 1, eerste + j, k, r));
-        }
-        c.niveaus.push_back(std::move(niveau));
-    }
-    c.krommepunt = bij(c.niveaus, k - 1).punten.front();
+    c.eersteIndex = static_cast<int>(l - k + 1);
+    c.niveaus = driehoek(kromme, t, l);
+    c.krommepunt = bij(bij(c.niveaus, k - 1).punten, 0);
     // The derivative at t is a positive multiple of the last step's leg (de Boor's derivative
     // formula; for weights, the projected curve point lies on the projected leg).
     c.heeftRaaklijn = k >= 2;
@@ -232,7 +242,7 @@ std::string algoritme_naam(const ConstructieKromme& kromme) {
 }
 
 std::string kort_getal(double x) {
-    // Text in the locale's "C" form whatever the process's locale (text.h's rule).
+    // to_chars ignores the process's locale: the point is always '.', as in platform/text.h.
     char buffer[400];
     const auto [einde, fout] =
         std::to_chars(buffer, buffer + sizeof buffer, x, std::chars_format::fixed, 3);
