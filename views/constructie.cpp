@@ -136,8 +136,7 @@ std::string label(const std::vector<std::string>& getallen, std::int64_t eerste,
 // De Boor's triangle in span l: point i of level r divides the leg from point i - 1 to point i of
 // level r - 1 as t divides [knoop(i), knoop(i + k - r)]. Level r is also the stretch that inserting
 // t r times puts into the polygon (Boehm), and its last point, at level k - 1, the curve point.
-std::vector<ConstructieNiveau> driehoek(const ConstructieKromme& kromme, double t,
-                                        std::int64_t l) {
+std::vector<ConstructieNiveau> driehoek(const ConstructieKromme& kromme, double t, std::int64_t l) {
     const std::int64_t k = kromme.orde;
     const std::int64_t eerste = l - k + 1;
     const bool gewogen_kromme = rationeel(kromme);
@@ -157,8 +156,7 @@ std::vector<ConstructieNiveau> driehoek(const ConstructieKromme& kromme, double 
         ConstructieNiveau niveau;
         for (std::int64_t j = k - 1; r > 0 && j >= r; --j) {
             const std::int64_t i = eerste + j;
-            const double a =
-                verhouding(t, bij(kromme.knopen, i), bij(kromme.knopen, i + k - r));
+            const double a = verhouding(t, bij(kromme.knopen, i), bij(kromme.knopen, i + k - r));
             bij(p, j) = meng(bij(p, j - 1), bij(p, j), a);
         }
         for (std::int64_t j = r; j < k; ++j) {

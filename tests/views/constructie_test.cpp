@@ -139,9 +139,9 @@ TEST(Constructie, LabelsNameRangeAndEmptyIntervals) {
 
     // The cubic Bezier curve, the same points on uniform knots, a point more. Order 1 has a blossom
     // of no arguments; too few points have no segment.
-    for (const auto& [n, open, naam] : {std::tuple{4, true, "de Casteljau"},
-                                        std::tuple{4, false, "de Boor"},
-                                        std::tuple{5, true, "de Boor"}}) {
+    for (const auto& [n, open, naam] :
+         {std::tuple{4, true, "de Casteljau"}, std::tuple{4, false, "de Boor"},
+          std::tuple{5, true, "de Boor"}}) {
         w.setCurve(4, {p.begin(), p.begin() + n}, open);
         EXPECT_EQ(algoritme_naam(kromme_van(w)), naam);
     }
