@@ -27,6 +27,8 @@ class FigureSink final : public Sink {
     };
 
     void clear(Colour background) override;
+    // A layer drawn over another adds to the figure: nothing of it is cleared.
+    void clearTransparent() override {}
     void polyline(const PixelPoint* points, std::size_t count, Colour colour, int width) override;
     void circle(PixelPoint centre, double radius, const DiscStyle& style) override;
     void text(PixelPoint at, const std::string& utf8, const TextStyle& style) override;

@@ -60,6 +60,11 @@ void QImageSink::clear(Colour background) {
     image_.fill(toQColor(background));
 }
 
+void QImageSink::clearTransparent() {
+    painter_.reset();
+    image_.fill(Qt::transparent);
+}
+
 void QImageSink::polyline(const PixelPoint* points, std::size_t count, Colour colour, int width) {
     ownPixels();
     paintPolyline(image_, points, count, opaque(colour), width);

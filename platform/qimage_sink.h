@@ -38,6 +38,7 @@ class QImageSink final : public RasterSink {
 
     void resize(int width, int height, double ratio) override;
     void clear(Colour background) override;
+    void clearTransparent() override;
     void polyline(const PixelPoint* points, std::size_t count, Colour colour, int width) override;
     void circle(PixelPoint centre, double radius, const DiscStyle& style) override;
     void text(PixelPoint at, const std::string& utf8, const TextStyle& style) override;

@@ -39,6 +39,15 @@ void ScaleBox::scaleDefault() {
     followSize();
 }
 
+void ScaleBox::copyScale(const ScaleBox& other) {
+    if (!other.userScale_) {
+        scaleDefault();
+    } else if (!userScale_ || scaleLeft_ != other.scaleLeft_ || scaleTop_ != other.scaleTop_ ||
+               scaleWidth_ != other.scaleWidth_ || scaleHeight_ != other.scaleHeight_) {
+        setUserScale(other.scaleLeft_, other.scaleTop_, other.scaleWidth_, other.scaleHeight_);
+    }
+}
+
 void ScaleBox::setScaleLeft(double value) {
     requireFinite(value);
     setUserScale(value, scaleTop_, scaleWidth_, scaleHeight_);

@@ -20,6 +20,8 @@ class ScaleBox {
     void scale(double x1, double y1, double x2, double y2);
     // Back to twips, which follow the size.
     void scaleDefault();
+    // The other's coordinate system, exactly.
+    void copyScale(const ScaleBox& other);
     void setScaleLeft(double value);
     void setScaleTop(double value);
     void setScaleWidth(double value);   // 0 raises error 380

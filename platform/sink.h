@@ -44,6 +44,8 @@ class Sink {
     virtual ~Sink() = default;
     // Everything before is gone under the background.
     virtual void clear(Colour background) = 0;
+    // Everything before is gone, leaving nothing: what lies under the picture shows through.
+    virtual void clearTransparent() = 0;
     // Lines joining `count` points (at least one; one point is a line of no length), with square
     // caps, in a width of whole pixels.
     virtual void polyline(const PixelPoint* points, std::size_t count, Colour colour,

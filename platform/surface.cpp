@@ -108,6 +108,23 @@ void Surface::aimBatch() {
 void Surface::setFigure(Sink* figure) {
     figure_ = figure;
     aimBatch();
+    if (overlay_) {
+        overlay_->setFigure(figure);
+    }
+}
+
+Surface& Surface::overlay() {
+    if (!overlay_) {
+        overlay_ = std::make_unique<Surface>();
+        overlay_->transparent_ = true;
+        overlay_->setFigure(figure_);
+    }
+    Surface& o = *overlay_;
+    o.setObserver(observer());
+    o.setDevicePixelRatio(devicePixelRatio());
+    o.setPixelSize(pixelWidth(), pixelHeight());
+    o.copyScale(*this);
+    return o;
 }
 
 // --- Drawing ---------------------------------------------------------------------------------
@@ -116,7 +133,11 @@ void Surface::cls() {
     batch_.discard();
     meter_.clear(pixelWidth(), pixelHeight());
     if (Sink* s = sink()) {
-        s->clear(backColour_);
+        if (transparent_) {
+            s->clearTransparent();
+        } else {
+            s->clear(backColour_);
+        }
     }
     log_.clear();
     notifyImageChanged();

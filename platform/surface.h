@@ -79,6 +79,11 @@ class Surface : public ScaleBox, public SurfaceEvents {
     // The raster the surface shows; finish() first paints the lines it has collected.
     const RasterSink& raster() const { return *raster_; }
     void finish() const { batch_.flush(); }
+    // A transparent layer over this surface, made on first use, of its pixels and scale (taken
+    // again at every call), shown over it by its widget and drawn after it into a figure: what
+    // changes often (a view that follows the mouse) is drawn there, over a picture kept below.
+    Surface& overlay();
+    const Surface* overlayIfAny() const { return overlay_.get(); }
 
     // --- Placement within the container --------------------------------------------------------
     // The surface this one lies on, whose scale units move() uses; none means twips. The
@@ -106,6 +111,8 @@ class Surface : public ScaleBox, public SurfaceEvents {
     void aimBatch();
     DiscStyle discStyle(Colour colour, std::uint32_t times) const;
 
+    bool transparent_ = false;  // an overlay: cleared to nothing
+    std::unique_ptr<Surface> overlay_;
     WorkMeter meter_;
     DrawLog log_;
     std::unique_ptr<RasterSink> raster_;

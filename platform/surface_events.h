@@ -45,6 +45,7 @@ class SurfaceEvents {
     SurfaceEvents(const SurfaceEvents&) = delete;
     SurfaceEvents& operator=(const SurfaceEvents&) = delete;
 
+    SurfaceObserver* observer() const { return observer_; }
     // How the mouse's pixels become scale units.
     virtual const ScaleMapper& eventMapper() const = 0;
     void notifyImageChanged() {

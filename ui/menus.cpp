@@ -66,6 +66,7 @@ const MenuEntry kTree[] = {
     // Beyond the classic tree, after it so that its menus keep their places and keys.
     {"mntExtra", "E&xtra", 0, false},
     {"mntExtraExporteren", "&Exporteren...", 1, false},
+    {"mntExtraConstructie", "&Constructie", 1, true},
 };
 
 }  // namespace

@@ -58,6 +58,9 @@ void SurfaceWidget::paintEvent(QPaintEvent*) {
     }
     QPainter painter(this);
     painter.drawImage(QPointF(0.0, 0.0), imageOf(surface_));
+    if (const Surface* overlay = surface_.overlayIfAny()) {
+        painter.drawImage(QPointF(0.0, 0.0), imageOf(*overlay));
+    }
 }
 
 void SurfaceWidget::resizeEvent(QResizeEvent*) {

@@ -14,6 +14,7 @@
 #include "platform/record_file.h"
 #include "platform/qimage_sink.h"
 #include "platform/runtime_error.h"
+#include "ui/constructie_venster.h"
 #include "ui/gewichten_venster.h"
 #include "ui/kleurtjes.h"
 #include "ui/menus.h"
@@ -127,6 +128,7 @@ void ZwierlijnVenster::zetSneltoetsen() {
          {QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)}},
         {"mntBeeldZoomUitzoemen", {QKeySequence(Qt::CTRL | Qt::Key_Minus)}},
         {"mntBeeldZoomNormaal", {QKeySequence(Qt::CTRL | Qt::Key_0)}},
+        {"mntExtraConstructie", {QKeySequence(Qt::CTRL | Qt::Key_T)}},
     };
     for (const auto& [naam, toetsen] : sneltoetsen) {
         menu(QString::fromLatin1(naam))->setShortcuts(toetsen);
@@ -203,6 +205,24 @@ void ZwierlijnVenster::toonGewichten() {
 void ZwierlijnVenster::sluitGewichten() {
     if (gewichtenVenster_) {
         gewichtenVenster_->close();
+    }
+}
+
+// --- The construction's window -----------------------------------------------------------------
+
+void ZwierlijnVenster::toonConstructie(bool aan) {
+    if (aan) {
+        if (!constructieVenster_) {
+            constructieVenster_ = std::make_unique<ConstructieVenster>(
+                constructie(), guard_, [this] { mntExtraConstructie_Click(); }, *this);
+        }
+        constructieVenster_->bijwerken();
+        if (constructieVenster_->isHidden()) {
+            dialogs().show(*constructieVenster_, false);
+        }
+    } else if (constructieVenster_) {
+        constructieVenster_->stop();
+        constructieVenster_->hide();
     }
 }
 

@@ -19,6 +19,7 @@ class QToolBar;
 
 namespace zw {
 
+class ConstructieVenster;
 class GewichtenVenster;
 class Kleurtjes;
 class Menus;
@@ -57,6 +58,7 @@ class ZwierlijnVenster : public QMainWindow, public Zwierlijn {
     void sluitKleurtjes() override;
     void toonGewichten() override;
     void sluitGewichten() override;
+    void toonConstructie(bool aan) override;
     void sluitVenster() override;
 
     void closeEvent(QCloseEvent* event) override;
@@ -70,6 +72,7 @@ class ZwierlijnVenster : public QMainWindow, public Zwierlijn {
     EventGuard& guard_;
     std::unique_ptr<Kleurtjes> kleurtjes_;
     std::unique_ptr<GewichtenVenster> gewichtenVenster_;
+    std::unique_ptr<ConstructieVenster> constructieVenster_;
     bool sluitend_ = false;
 
     QWidget* formulier_ = nullptr;

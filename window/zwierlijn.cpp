@@ -7,6 +7,7 @@
 #include "spline/blossom_functie.h"
 #include "storage/opslag.h"
 #include "views/beeld.h"
+#include "window/constructie_beeld.h"
 #include "wavelet/wavelet.h"
 #include "weights/gewichten_form.h"
 
@@ -16,6 +17,7 @@ Zwierlijn::Zwierlijn(std::string programDirectory, Dialogs& dialogs)
     : programDirectory_(std::move(programDirectory)), dialogs_(dialogs) {
     meng_.setContainer(&doek_);
     meng_.move(0, 0, 0, 0);
+    constructie_ = std::make_unique<ConstructieBeeld>(*this);
     verbindPanelen();
 }
 
@@ -42,6 +44,35 @@ void Zwierlijn::verbindPanelen() {
     knopen_.setMouseUpHandler(
         [this](int b, int s, float x, float y) { Knopen_MouseUp(b, s, x, y); });
     meng_.setPaintHandler([this] { meng_Paint(); });
+    // The pane's left button has no task of its own: with the construction on, it moves t.
+    const MouseHandler mengT = [this](int b, int, float x, float) {
+        if (b == 1 && constructie_->aan()) {
+            constructie_->zetTUitMeng(x);
+            meldConstructie();
+        }
+    };
+    meng_.setMouseDownHandler(mengT);
+    meng_.setMouseMoveHandler(mengT);
+}
+
+void Zwierlijn::volgConstructie() {
+    constructie_->volg();
+    meldConstructie();
+}
+
+// The mark, and the window: shown while the view is on, with what it holds now.
+void Zwierlijn::meldConstructie() {
+    const bool aan = constructie_->aan();
+    menus_.zetVinkje("mntExtraConstructie", aan);
+    if (aan || constructieGetoond_) {
+        toonConstructie(aan);
+    }
+    constructieGetoond_ = aan;
+}
+
+void Zwierlijn::mntExtraConstructie_Click() {
+    constructie_->zetAan(!constructie_->aan());
+    volgConstructie();
 }
 
 // A window whose canvas keeps a log of what it draws (a test's) keeps one of its weights too.
@@ -173,6 +204,7 @@ void Zwierlijn::plaats_knopenvenster() {
 }
 
 void Zwierlijn::herstart() {
+    constructie_->zetAan(false);
     Form_Initialize();
     polygon_->restart();
     vec_->restart();

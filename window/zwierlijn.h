@@ -22,6 +22,7 @@
 namespace zw {
 
 class Beeld;
+class ConstructieBeeld;
 class Opslag;
 class Punt;
 class Wavelet;
@@ -53,6 +54,7 @@ class Zwierlijn : public MainWindow {
     Beeld& be() { return *be_; }
     Wavelet& wavelet() { return *wavelet_; }
     Opslag& ops() { return *ops_; }
+    ConstructieBeeld& constructie() { return *constructie_; }
     const std::string& programDirectory() const { return programDirectory_; }
 
     // The menu items by name ("mntBeeldBezier") and the toolbar buttons by key ("Mengfuncties"):
@@ -108,6 +110,8 @@ class Zwierlijn : public MainWindow {
     void mntBewerkenRedo_Click();
     // A figure of what the canvas shows now, as SVG, PDF or PNG (window/afbeelding.h).
     void mntExtraExporteren_Click();
+    // The construction of a curve point over the canvas, with its window (window/constructie_beeld.h).
+    void mntExtraConstructie_Click();
     // The menu item of a name, as a click on it; false for a name that has no handler.
     bool klik(const std::string& naam);
     // The toolbar's click, by the clicked button's key.
@@ -168,6 +172,8 @@ class Zwierlijn : public MainWindow {
     // Shows the weights window without blocking. A host without a screen has no window to
     // show: the form is only told that it appeared, at the size it has.
     virtual void toonGewichten();
+    // Shows or closes the construction's window; a host without a screen has none.
+    virtual void toonConstructie(bool aan) { (void)aan; }
     // Closes the weights window, once the form has been unloaded.
     virtual void sluitGewichten() = 0;
     // The last step of sluit_af: the window itself goes.
@@ -200,6 +206,9 @@ class Zwierlijn : public MainWindow {
     // Unload of the weights window: the form's variables, the weights among them, stay.
     void ontlaadGewichten();
     void verbindPanelen();
+    // The construction follows a redraw; its window with it.
+    void volgConstructie();
+    void meldConstructie();
 
     std::string programDirectory_;
     Dialogs& dialogs_;
@@ -216,6 +225,8 @@ class Zwierlijn : public MainWindow {
     std::unique_ptr<Wavelet> wavelet_;
     std::unique_ptr<Opslag> ops_;
     std::unique_ptr<GewichtenForm> gewichten_;
+    std::unique_ptr<ConstructieBeeld> constructie_;
+    bool constructieGetoond_ = false;
 
     Array<Colour> kleuren_;
     FileDialogRequest bestandsdialoog_;

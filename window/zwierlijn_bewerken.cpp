@@ -185,6 +185,7 @@ bool Zwierlijn::klik(const std::string& naam) {
         {"mntBeeldGewichten", &Zwierlijn::mntBeeldGewichten_Click},
         {"mntBeeldKleuren", &Zwierlijn::mntBeeldKleuren_Click},
         {"mntExtraExporteren", &Zwierlijn::mntExtraExporteren_Click},
+        {"mntExtraConstructie", &Zwierlijn::mntExtraConstructie_Click},
     };
     for (const auto& [item, handler] : handlers) {
         if (naam == item) {
@@ -276,6 +277,8 @@ void Zwierlijn::zet_menus() {
         menus_.zetAan("mntBewerkenKnopenZetOrde", false);
     }
     menus_.zetAan("mntBewerkenRedo", v != m);
+    // The construction needs a segment: an order, and at least as many points.
+    menus_.zetAan("mntExtraConstructie", k > 0.0f && addSingle(n, 1.0f) >= k);
     // The segment count must be 2 ... 64 exactly: log2 of it compared as computed.
     const double s = divide(logarithm(addSingle(addSingle(n, 2.0f), -k)), std::log(2.0));
     menus_.zetAan(wavelet, s == 1.0 || s == 2.0 || s == 3.0 || s == 4.0 || s == 5.0 || s == 6.0);

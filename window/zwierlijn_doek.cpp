@@ -137,6 +137,7 @@ void Zwierlijn::Doek_Paint() {
         tekenAfgeleid();
     }
     plaats_knopenvenster();
+    volgConstructie();
 }
 
 // The leg from point i - 1 to point i.

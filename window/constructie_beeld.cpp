@@ -1,0 +1,261 @@
+#include "window/constructie_beeld.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+#include "knots/knoop_vector.h"
+#include "platform/draw_log.h"
+#include "platform/surface.h"
+#include "spline/blossom_functie.h"
+#include "storage/opslag.h"
+#include "window/zwierlijn.h"
+
+namespace zw {
+
+namespace {
+
+// The levels' colours: the view's own, not settings, so that a lecture's pictures look alike.
+constexpr Colour kNiveaukleuren[] = {rgb(90, 90, 90),  rgb(0, 130, 200), rgb(0, 160, 80),
+                                     rgb(220, 120, 0), rgb(200, 0, 120), rgb(110, 60, 200),
+                                     rgb(0, 150, 150), rgb(160, 110, 0)};
+constexpr Colour kPuntkleur = rgb(220, 0, 0);
+constexpr Colour kRaakkleur = rgb(220, 0, 0);
+constexpr double kLabelPunten = 8.0;
+// The blending pane's scale, as the pane draws itself (window/zwierlijn_meng.cpp).
+constexpr double kMengBreedte = 1000000.0;
+
+Colour niveaukleur(std::size_t r) {
+    return kNiveaukleuren[r % (sizeof kNiveaukleuren / sizeof kNiveaukleuren[0])];
+}
+
+// The basis functions of the segment at t, from de Boor's triangle on unit points: with the
+// curve's weights the rational ones, which add up to 1.
+std::vector<double> basiswaarden(const ConstructieKromme& kromme, const Constructie& c, double t) {
+    std::vector<double> waarden;
+    ConstructieKromme eenheid = kromme;
+    for (int j = 0; j < kromme.orde; ++j) {
+        std::fill(eenheid.punten.begin(), eenheid.punten.end(), Punt(0.0f, 0.0f));
+        const std::size_t i = static_cast<std::size_t>(c.eersteIndex + j);
+        if (i < eenheid.punten.size()) {
+            eenheid.punten[i] = Punt(1.0f, 0.0f);
+        }
+        const std::optional<Constructie> e = bouw_constructie(eenheid, t);
+        waarden.push_back(e ? e->krommepunt.X : 0.0);
+    }
+    return waarden;
+}
+
+}  // namespace
+
+std::optional<Bereik> ConstructieBeeld::bereik() const {
+    return echt_bereik(kromme_van(venster_));
+}
+
+std::string ConstructieBeeld::naam() const {
+    return algoritme_naam(kromme_van(venster_));
+}
+
+int ConstructieBeeld::segment() const {
+    const std::optional<Constructie> c = bouw_constructie(kromme_van(venster_), t_);
+    return c ? c->segment : 0;
+}
+
+int ConstructieBeeld::hoogsteNiveau() const {
+    return std::max(0, static_cast<int>(venster_.polygoon().orde) - 1);
+}
+
+void ConstructieBeeld::zetAan(bool aan) {
+    const std::optional<Bereik> b = aan ? bereik() : std::nullopt;
+    aan_ = b.has_value();
+    if (aan_) {
+        t_ = (b->begin + b->eind) / 2;
+        niveau_ = hoogsteNiveau();
+        teken();
+    } else {
+        wis();
+    }
+}
+
+void ConstructieBeeld::zetT(double t) {
+    if (const std::optional<Bereik> b = bereik()) {
+        t_ = b->klem(t);
+        teken();
+    }
+}
+
+void ConstructieBeeld::stap(int richting) {
+    if (const std::optional<Bereik> b = bereik()) {
+        zetT(t_ + richting * (b->eind - b->begin) / 100);
+    }
+}
+
+void ConstructieBeeld::zetNiveau(int niveau) {
+    niveau_ = std::clamp(niveau, 0, hoogsteNiveau());
+    teken();
+}
+
+void ConstructieBeeld::zetLabels(bool aan) {
+    labels_ = aan;
+    teken();
+}
+
+void ConstructieBeeld::zetRaaklijn(bool aan) {
+    raaklijn_ = aan;
+    teken();
+}
+
+void ConstructieBeeld::volg() {
+    if (!aan_) {
+        return;
+    }
+    const std::optional<Bereik> b = bereik();
+    if (!b) {
+        aan_ = false;
+        wis();
+        return;
+    }
+    t_ = b->klem(t_);
+    niveau_ = std::clamp(niveau_, 0, hoogsteNiveau());
+    teken();
+}
+
+void ConstructieBeeld::invoegen() {
+    if (!aan_ || !bereik()) {
+        return;
+    }
+    venster_.evaluator().maak_spline(t_);
+    venster_.ops().save();
+    venster_.Doek().refresh();
+    venster_.plaats_knopenvenster();
+}
+
+void ConstructieBeeld::zetTUitMeng(float x) {
+    const ConstructieKromme kromme = kromme_van(venster_);
+    if (kromme.knopen.size() < 2) {
+        return;
+    }
+    const double eerste = kromme.knopen.front(), laatste = kromme.knopen.back();
+    zetT(eerste + (laatste - eerste) * static_cast<double>(x) / kMengBreedte);
+}
+
+void ConstructieBeeld::wis() {
+    for (Surface* s : {&venster_.Doek(), &venster_.meng(), &venster_.Knopen()}) {
+        if (s->overlayIfAny() != nullptr) {
+            s->overlay().cls();
+        }
+    }
+}
+
+void ConstructieBeeld::teken() {
+    wis();
+    if (!aan_) {
+        return;
+    }
+    const ConstructieKromme kromme = kromme_van(venster_);
+    const std::optional<Constructie> c = bouw_constructie(kromme, t_);
+    if (!c) {
+        return;
+    }
+    tekenDoek(*c);
+    if (venster_.mengstat) {
+        tekenMeng(kromme);
+    }
+    if (venster_.knopen_zichtbaar) {
+        tekenKnopen(kromme);
+    }
+}
+
+// The segment's control points ringed, the levels up to the one shown, the curve point larger.
+void ConstructieBeeld::tekenDoek(const Constructie& c) {
+    Surface& doek = venster_.Doek().overlay();
+    const double straal = std::max(venster_.ControleStraal, 30);
+    doek.setFillStyle(kFillTransparent);
+    doek.setDrawWidth(2);
+    for (const Punt& p : c.niveaus.front().punten) {
+        doek.circle(p.X, p.Y, straal * 2.2, niveaukleur(0));
+    }
+    doek.setDrawWidth(1);
+    tekenNiveaus(c);
+    if (raaklijn_ && c.heeftRaaklijn) {
+        tekenRaaklijn(c);
+    }
+    if (static_cast<std::size_t>(niveau_) + 1 == c.niveaus.size()) {
+        doek.setFillStyle(kFillSolid);
+        doek.setFillColour(kPuntkleur);
+        doek.circle(c.krommepunt.X, c.krommepunt.Y, straal * 1.6, kPuntkleur);
+    }
+    doek.setFillStyle(kFillTransparent);
+}
+
+void ConstructieBeeld::tekenNiveaus(const Constructie& c) {
+    Surface& doek = venster_.Doek().overlay();
+    const double straal = std::max(venster_.ControleStraal, 30);
+    const std::size_t tot = std::min(c.niveaus.size(), static_cast<std::size_t>(niveau_) + 1);
+    for (std::size_t r = 0; r < tot; ++r) {
+        const ConstructieNiveau& n = c.niveaus[r];
+        const Colour kleur = niveaukleur(r);
+        for (std::size_t j = 1; j < n.punten.size(); ++j) {
+            doek.line(n.punten[j - 1].X, n.punten[j - 1].Y, n.punten[j].X, n.punten[j].Y, kleur);
+        }
+        doek.setFillStyle(kFillSolid);
+        doek.setFillColour(kleur);
+        for (std::size_t j = 0; j < n.punten.size(); ++j) {
+            doek.circle(n.punten[j].X, n.punten[j].Y, straal * 0.8, kleur);
+            if (labels_ && j < n.labels.size()) {
+                doek.text(n.punten[j].X + straal * 2.5, n.punten[j].Y, n.labels[j], kleur,
+                          kLabelPunten);
+            }
+        }
+        doek.setFillStyle(kFillTransparent);
+    }
+}
+
+// The line through the last level but one's two points, drawn as far again beyond each.
+void ConstructieBeeld::tekenRaaklijn(const Constructie& c) {
+    Surface& doek = venster_.Doek().overlay();
+    const double dx = static_cast<double>(c.raakB.X) - c.raakA.X;
+    const double dy = static_cast<double>(c.raakB.Y) - c.raakA.Y;
+    doek.line(c.raakA.X - dx, c.raakA.Y - dy, c.raakB.X + dx, c.raakB.Y + dy, kRaakkleur);
+}
+
+// A line at t up the pane, and on every basis function of t's segment a dot at its value.
+void ConstructieBeeld::tekenMeng(const ConstructieKromme& kromme) {
+    const std::optional<Constructie> c = bouw_constructie(kromme, t_);
+    if (!c || kromme.knopen.size() < 2 || !(kromme.knopen.back() > kromme.knopen.front())) {
+        return;
+    }
+    Surface& meng = venster_.meng().overlay();
+    const double x = (t_ - kromme.knopen.front()) / (kromme.knopen.back() - kromme.knopen.front()) *
+                     kMengBreedte;
+    meng.line(x, 0, x, 100, kPuntkleur);
+    const std::vector<double> waarden = basiswaarden(kromme, *c, t_);
+    meng.setFillStyle(kFillSolid);
+    for (std::size_t j = 0; j < waarden.size(); ++j) {
+        const Colour kleur = venster_.kleur(c->eersteIndex + static_cast<double>(j));
+        meng.setFillColour(kleur);
+        meng.circle(x, waarden[j] * 100, kMengBreedte / 150, kleur);
+        if (labels_) {
+            meng.text(x + kMengBreedte / 60, waarden[j] * 100, kort_getal(waarden[j] * 100),
+                      kleur, kLabelPunten - 1);
+        }
+    }
+    meng.setFillStyle(kFillTransparent);
+}
+
+// A marker at t under the knot pane's number line.
+void ConstructieBeeld::tekenKnopen(const ConstructieKromme& kromme) {
+    if (kromme.knopen.size() < 2 || !(kromme.knopen.back() > kromme.knopen.front())) {
+        return;
+    }
+    Surface& knopen = venster_.Knopen().overlay();
+    const double begin = venster_.breedtestap / 2.0;
+    const double x = begin + (t_ - kromme.knopen.front()) * venster_.vectorlengte /
+                                 (kromme.knopen.back() - kromme.knopen.front());
+    const double h = venster_.hoogte;
+    knopen.setDrawWidth(2);
+    knopen.line(x, h * 1.15, x, h * 1.6, kPuntkleur);
+    knopen.setDrawWidth(1);
+}
+
+}  // namespace zw
