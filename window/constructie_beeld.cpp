@@ -48,16 +48,31 @@ std::vector<double> basiswaarden(const ConstructieKromme& kromme, const Construc
 
 }  // namespace
 
+// The curve as the construction reads it, or nothing while the polygon has no curve: an order
+// and as many knots as points and order together (between ZetOrde's versions and before it, the
+// knot vector and the polygon need not agree).
+std::optional<ConstructieKromme> ConstructieBeeld::kromme() const {
+    const auto k = static_cast<std::size_t>(std::max(0.0f, venster_.polygoon().orde));
+    const auto n = static_cast<std::size_t>(std::max(0.0f, venster_.polygoon().graad + 1.0f));
+    if (k < 1 || n < k || static_cast<double>(venster_.vec().knopenlengte) != double(n + k)) {
+        return std::nullopt;
+    }
+    return kromme_van(venster_);
+}
+
 std::optional<Bereik> ConstructieBeeld::bereik() const {
-    return echt_bereik(kromme_van(venster_));
+    const std::optional<ConstructieKromme> k = kromme();
+    return k ? echt_bereik(*k) : std::nullopt;
 }
 
 std::string ConstructieBeeld::naam() const {
-    return algoritme_naam(kromme_van(venster_));
+    const std::optional<ConstructieKromme> k = kromme();
+    return k ? algoritme_naam(*k) : std::string();
 }
 
 int ConstructieBeeld::segment() const {
-    const std::optional<Constructie> c = bouw_constructie(kromme_van(venster_), t_);
+    const std::optional<ConstructieKromme> k = kromme();
+    const std::optional<Constructie> c = k ? bouw_constructie(*k, t_) : std::nullopt;
     return c ? c->segment : 0;
 }
 
@@ -131,11 +146,11 @@ void ConstructieBeeld::invoegen() {
 }
 
 void ConstructieBeeld::zetTUitMeng(float x) {
-    const ConstructieKromme kromme = kromme_van(venster_);
-    if (kromme.knopen.size() < 2) {
+    const std::optional<ConstructieKromme> kromme = this->kromme();
+    if (!kromme || kromme->knopen.size() < 2) {
         return;
     }
-    const double eerste = kromme.knopen.front(), laatste = kromme.knopen.back();
+    const double eerste = kromme->knopen.front(), laatste = kromme->knopen.back();
     zetT(eerste + (laatste - eerste) * static_cast<double>(x) / kMengBreedte);
 }
 
@@ -152,17 +167,17 @@ void ConstructieBeeld::teken() {
     if (!aan_) {
         return;
     }
-    const ConstructieKromme kromme = kromme_van(venster_);
-    const std::optional<Constructie> c = bouw_constructie(kromme, t_);
+    const std::optional<ConstructieKromme> kromme = this->kromme();
+    const std::optional<Constructie> c = kromme ? bouw_constructie(*kromme, t_) : std::nullopt;
     if (!c) {
         return;
     }
     tekenDoek(*c);
     if (venster_.mengstat) {
-        tekenMeng(kromme);
+        tekenMeng(*kromme);
     }
     if (venster_.knopen_zichtbaar) {
-        tekenKnopen(kromme);
+        tekenKnopen(*kromme);
     }
 }
 

@@ -55,6 +55,7 @@ class ConstructieBeeld {
     void zetTUitMeng(float x);
 
   private:
+    std::optional<ConstructieKromme> kromme() const;
     void tekenDoek(const Constructie& c);
     void tekenNiveaus(const Constructie& c);
     void tekenRaaklijn(const Constructie& c);

@@ -20,7 +20,9 @@
 #include "headless_window.h"
 #include "platform/qimage_sink.h"
 #include "platform/werk.h"
+#include "views/constructie.h"
 #include "window/afbeelding.h"
+#include "window/constructie_beeld.h"
 
 namespace zw {
 namespace {
@@ -193,6 +195,53 @@ TEST(HeadlessEditor, APickTheCurveNoLongerHasColoursNothing) {
     w.klik("mntBeeldSegmentperControl");
     w.Doek_MouseDown(1, 0, 1000, 2000);
     EXPECT_TRUE(w.polygoon().graad == 6.0f && gekleurd().size() == 1 && gekleurd()[0].x1 == 1000);
+}
+
+// The construction: enabled with a curve, on in the middle of the range with every level, drawn
+// on the canvas' overlay (rings, discs and legs of the levels, the curve point, labels);
+// "Invoegen" makes level 1 the polygon in one version; the blending pane's left button moves t;
+// Undo to before ZetOrde turns it off without an error.
+TEST(HeadlessEditor, TheConstructionIsDrawnOverTheCanvasAndInsertsItsParameter) {
+    Editor e;
+    HeadlessEditor& w = e.w;
+    for (int i = 0; i < 7; ++i) {
+        w.Doek_MouseDown(1, 0, 1000.0f + 1200.0f * i, i % 2 == 0 ? 2000.0f : 6000.0f);
+    }
+    EXPECT_FALSE(w.menus().aan("mntExtraConstructie"));
+    w.klik("mntBewerkenKnopenZetOrde");
+    w.klik("mntBewerkenKnopenZetuniform");
+    w.klik("mntExtraConstructie");
+    ConstructieBeeld& c = w.constructie();
+    ASSERT_TRUE(c.aan() && w.menus().vinkje("mntExtraConstructie"));
+    EXPECT_EQ(std::make_pair(c.t(), c.niveau()), std::make_pair(0.5, 6));
+    Surface& laag = w.Doek().overlay();
+    laag.setLogging(true);
+    c.zetLabels(true);
+    const auto aantal = [&](DrawKind soort) {
+        return std::count_if(laag.log().begin(), laag.log().end(),
+                             [&](const DrawRecord& r) { return r.kind == soort; });
+    };
+    EXPECT_EQ(std::make_tuple(aantal(DrawKind::kCircle), aantal(DrawKind::kLine),
+                              aantal(DrawKind::kText)),
+              std::make_tuple(7 + 28 + 1, 21, 28));
+    const std::optional<Constructie> voor = bouw_constructie(kromme_van(w), c.t());
+    const float versie = w.ops().versie;
+    c.invoegen();
+    EXPECT_EQ(w.ops().versie, versie + 1);
+    ASSERT_EQ(w.polygoon().graad, 7.0f);
+    for (int j = 0; j < 6; ++j) {
+        const Punt p = w.polygoon().punten(static_cast<float>(voor->eersteIndex + 1 + j));
+        EXPECT_NEAR(p.X, voor->niveaus[1].punten[j].X, 1.0f);
+        EXPECT_NEAR(p.Y, voor->niveaus[1].punten[j].Y, 1.0f);
+    }
+    w.klik("mntBeeldMengFuncties");
+    w.meng().deliverMouseDown(1, 0, 1, w.meng().pixelHeight() / 2.0);
+    EXPECT_EQ(c.t(), c.bereik()->begin);
+    w.klik("mntBeeldMengFuncties");  // the pane of no curve is the editor's own error 9
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(errorOf([&] { w.klik("mntBewerkenUndo"); }), 0);
+    }
+    EXPECT_FALSE(c.aan() || w.menus().vinkje("mntExtraConstructie"));
 }
 
 // With the weights window open the classic redraw draws every point in its colour once per
