@@ -6,6 +6,7 @@
 // The fuzz target and the corpus replay share it.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "geometry/coordinaten.h"
@@ -16,6 +17,7 @@
 #include "spline/blossom_functie.h"
 #include "storage/opslag.h"
 #include "weights/gewichten_form.h"
+#include "window/constructie_beeld.h"
 #include "window/headless_editor.h"
 
 namespace zw {
@@ -88,8 +90,28 @@ inline bool speelAf(HeadlessEditor& w, ScriptedDialogs& dialogs, const std::stri
     guard.run([&] { w.klik("mntBeeldControlperSegment"); });
     guard.run([&] { doek.deliverMouseDown(1, 0, breed(doek, 0.625), hoog(doek, 0.58)); });
     // The blending functions, with that weight and those views, over zoom, undo and redo; then
-    // off again.
+    // off again. On the way the construction: on, t moved by the pane's button and by steps, a
+    // level back, labels and tangent, played once across, inserted as a knot.
     guard.run([&] { w.Tb_ButtonClick("Mengfuncties"); });
+    guard.run([&] { w.klik("mntExtraConstructie"); });
+    Surface& meng = w.meng();
+    guard.run([&] { meng.deliverMouseDown(1, 0, breed(meng, 0.3), hoog(meng, 0.5)); });
+    guard.run([&] { meng.deliverMouseMove(1, 0, breed(meng, 0.6), hoog(meng, 0.5)); });
+    ConstructieBeeld& constructie = w.constructie();
+    guard.run([&] {
+        constructie.stap(1);
+        constructie.zetNiveau(constructie.niveau() - 1);
+        constructie.zetLabels(true);
+        constructie.zetRaaklijn(true);
+    });
+    for (int i = 0; i <= 4; ++i) {
+        guard.run([&] {
+            if (const std::optional<Bereik> b = constructie.bereik()) {
+                constructie.zetT(b->begin + (b->eind - b->begin) * i / 4);
+            }
+        });
+    }
+    guard.run([&] { constructie.invoegen(); });
     for (const char* naam :
          {"mntBeeldZoomInzoemen", "mntBeeldZoomUitzoemen", "mntBewerkenUndo", "mntBewerkenRedo"}) {
         guard.run([&] { w.klik(naam); });
@@ -100,6 +122,11 @@ inline bool speelAf(HeadlessEditor& w, ScriptedDialogs& dialogs, const std::stri
         w.klik("mntExtraExporteren");
     });
     guard.run([&] { w.klik("mntBeeldMengFuncties"); });
+    guard.run([&] {
+        if (w.constructie().aan()) {
+            w.klik("mntExtraConstructie");
+        }
+    });
     // Any other button: every weight back to 1. Then "Nieuw" unloads the window and the toolbar
     // shows it again, which loads it anew with the weights it kept.
     guard.run([&] { gewichten.deliverMouseDown(1, 0, 5, 5); });
