@@ -4,6 +4,7 @@
 //
 // Exit status: 0 done, 1 a run-time error of the drawing (its text on stderr), 2 bad arguments or
 // a file that cannot be read.
+#include <QGuiApplication>
 #include <QImage>
 #include <QTemporaryDir>
 #include <cerrno>
@@ -25,6 +26,7 @@
 #include "platform/numeric.h"
 #include "platform/scripted_dialogs.h"
 #include "window/afbeelding.h"
+#include "window/constructie_beeld.h"
 #include "window/headless_editor.h"
 
 namespace {
@@ -41,6 +43,10 @@ const char kGebruik[] =
     "  --mengfuncties          de mengfuncties in de rechterbovenhoek van het doek\n"
     "  --segmenten N           de segmenten van controlepunt N (het eerste is 0) in kleur\n"
     "  --controlepunten T      de controlepunten van het segment van parameter T in kleur\n"
+    "  --constructie T         de constructie van het krommepunt bij parameter T\n"
+    "  --niveau R              alleen de niveaus 0 tot en met R van de constructie\n"
+    "  --labels                elk punt van de constructie met zijn blossom\n"
+    "  --raaklijn              de raaklijn in het krommepunt\n"
     "  --instellingen BESTAND  kleuren en straal uit dit instellingenbestand; zonder deze optie\n"
     "                          uit het bestand \"zwierlijn\" naast het programma, anders de\n"
     "                          standaardinstellingen\n"
@@ -73,6 +79,10 @@ struct Opties {
     std::optional<long> segmentenVan;
     std::optional<double> twaarde;
     std::optional<int> miniatuur;
+    std::optional<double> constructie;
+    std::optional<long> niveau;
+    bool labels = false;
+    bool raaklijn = false;
 };
 
 long geheel(const std::string& tekst, const std::string& optie) {
@@ -154,6 +164,14 @@ void leesOptie(const std::vector<std::string>& args, std::size_t& i, Opties& o) 
         o.segmentenVan = geheel(waarde(args, i), a);
     } else if (a == "--controlepunten") {
         o.twaarde = getal(waarde(args, i), a);
+    } else if (a == "--constructie") {
+        o.constructie = getal(waarde(args, i), a);
+    } else if (a == "--niveau") {
+        o.niveau = geheel(waarde(args, i), a);
+    } else if (a == "--labels") {
+        o.labels = true;
+    } else if (a == "--raaklijn") {
+        o.raaklijn = true;
     } else if (a == "--instellingen") {
         o.instellingen = waarde(args, i);
     } else if (a == "--miniatuur") {
@@ -183,6 +201,9 @@ Opties leesOpties(const std::vector<std::string>& args) {
     }
     if (o.segmentenVan && o.twaarde) {
         throw Gebruiksfout{"--segmenten en --controlepunten gaan niet samen"};
+    }
+    if (!o.constructie && (o.niveau || o.labels || o.raaklijn)) {
+        throw Gebruiksfout{"--niveau, --labels en --raaklijn horen bij --constructie"};
     }
     o.kromme = bestanden[0];
     o.uit = bestanden[1];
@@ -237,6 +258,27 @@ void controleerKeuzes(const Opties& o, zw::HeadlessEditor& w) {
     }
 }
 
+// The construction's parameter lies in the curve's range, its level below the order.
+void controleerConstructie(const Opties& o, zw::HeadlessEditor& w) {
+    if (!o.constructie) {
+        return;
+    }
+    const std::optional<zw::Bereik> b = w.constructie().bereik();
+    if (!b) {
+        throw Gebruiksfout{"--constructie: de kromme heeft geen segment"};
+    }
+    if (*o.constructie < b->begin || *o.constructie > b->eind) {
+        std::ostringstream bereik;
+        bereik << "--constructie: de parameter ligt van " << b->begin << " tot " << b->eind;
+        throw Gebruiksfout{bereik.str()};
+    }
+    const long hoogste = w.constructie().hoogsteNiveau();
+    if (o.niveau && (*o.niveau < 0 || *o.niveau > hoogste)) {
+        throw Gebruiksfout{"--niveau: de constructie heeft de niveaus 0 tot en met " +
+                           std::to_string(hoogste)};
+    }
+}
+
 // The run-time error's message box text on one line.
 std::string alsRegel(std::string tekst) {
     for (std::size_t p; (p = tekst.find("\n\n")) != std::string::npos;) {
@@ -274,6 +316,7 @@ class Renderer {
             return kFoutTekenen;
         }
         controleerKeuzes(o_, *w_);
+        controleerConstructie(o_, *w_);
         if (!zetBeeld()) {
             return kFoutTekenen;
         }
@@ -331,7 +374,16 @@ class Renderer {
                 return false;
             }
         }
-        return true;
+        return !o_.constructie || stap([&] { zetConstructie(); });
+    }
+
+    void zetConstructie() {
+        w_->klik("mntExtraConstructie");
+        zw::ConstructieBeeld& c = w_->constructie();
+        c.zetT(*o_.constructie);
+        c.zetNiveau(o_.niveau ? static_cast<int>(*o_.niveau) : c.hoogsteNiveau());
+        c.zetLabels(o_.labels);
+        c.zetRaaklijn(o_.raaklijn);
     }
 
     // One action, as the editor runs it; its error is reported on stderr.
@@ -356,6 +408,15 @@ class Renderer {
 }  // namespace
 
 int main(int argc, char** argv) {
+    // Labels need the fonts of a GUI application; the renderer shows nothing on a screen.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Its own messages are its one line on stderr; Qt's notes about the session are noise.
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& tekst) {
+        if (type == QtCriticalMsg || type == QtFatalMsg) {
+            std::fprintf(stderr, "%s\n", tekst.toLocal8Bit().constData());
+        }
+    });
+    QGuiApplication app(argc, argv);
     const std::vector<std::string> args(argv + 1, argv + argc);
     for (const std::string& a : args) {
         if (a == "--help" || a == "-h") {

@@ -245,11 +245,13 @@ void ConstructieBeeld::tekenMeng(const ConstructieKromme& kromme) {
                      kMengBreedte;
     meng.line(x, 0, x, 100, kPuntkleur);
     const std::vector<double> waarden = basiswaarden(kromme, *c, t_);
+    // Three pixels, in the pane's horizontal units.
+    const double straal = 3 * std::fabs(meng.scaleWidth()) / std::max(1, meng.pixelWidth());
     meng.setFillStyle(kFillSolid);
     for (std::size_t j = 0; j < waarden.size(); ++j) {
         const Colour kleur = venster_.kleur(c->eersteIndex + static_cast<double>(j));
         meng.setFillColour(kleur);
-        meng.circle(x, waarden[j] * 100, kMengBreedte / 150, kleur);
+        meng.circle(x, waarden[j] * 100, straal, kleur);
         if (labels_) {
             meng.text(x + kMengBreedte / 60, waarden[j] * 100, kort_getal(waarden[j] * 100),
                       kleur, kLabelPunten - 1);
