@@ -13,6 +13,7 @@
 // each line and circle was before lines were collected.
 #include <benchmark/benchmark.h>
 
+#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 #include <cmath>
@@ -25,6 +26,7 @@
 #include "platform/qimage_sink.h"
 #include "platform/scripted_dialogs.h"
 #include "platform/werk.h"
+#include "window/constructie_beeld.h"
 #include "window/headless_editor.h"
 
 namespace {
@@ -106,6 +108,41 @@ void BM_DoekAllesAan(benchmark::State& state) {
     }
 }
 
+// The construction of a curve point with every view on, labels and tangent, while t is dragged:
+// the overlays alone (canvas, blending pane, knot pane), as a move of t redraws them, and the
+// whole redraw beside it.
+void BM_ConstructieOverlay(benchmark::State& state) {
+    Editor e(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
+    e.allesAan();
+    e.w.klik("mntExtraConstructie");
+    zw::ConstructieBeeld& c = e.w.constructie();
+    c.zetLabels(true);
+    c.zetRaaklijn(true);
+    const zw::Bereik b = *c.bereik();
+    int i = 0;
+    for (auto _ : state) {
+        c.zetT(b.begin + (b.eind - b.begin) * (i++ % 101) / 100.0);
+        for (zw::Surface* s : {&e.w.Doek(), &e.w.meng(), &e.w.Knopen()}) {
+            benchmark::DoNotOptimize(zw::imageOf(s->overlay()).constBits());
+        }
+    }
+}
+
+void BM_DoekAllesAanMetConstructie(benchmark::State& state) {
+    Editor e(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
+    e.allesAan();
+    e.w.klik("mntExtraConstructie");
+    e.w.constructie().zetLabels(true);
+    e.w.constructie().zetRaaklijn(true);
+    for (auto _ : state) {
+        e.w.Doek().refresh();
+        for (zw::Surface* s : {&e.w.Doek(), &e.w.meng(), &e.w.Knopen()}) {
+            benchmark::DoNotOptimize(zw::imageOf(*s).constBits());
+            benchmark::DoNotOptimize(zw::imageOf(s->overlay()).constBits());
+        }
+    }
+}
+
 // `aantal` points strewn at random over the canvas (every leg and segment crosses much of it:
 // the most pixels), or along a winding path as refining a drawn curve leaves them.
 std::vector<std::pair<float, float>> groteKromme(std::int64_t aantal, bool pad) {
@@ -177,6 +214,10 @@ BENCHMARK(BM_DoekZoalsVroeger)->Apply(krommen);
 BENCHMARK(BM_Doek)->Apply(krommen);
 BENCHMARK(BM_DoekEnMeng)->Apply(krommen);
 BENCHMARK(BM_DoekAllesAan)->ArgsProduct({{64}, {2, 4, 8}})->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ConstructieOverlay)->ArgsProduct({{64}, {2, 4, 8}})->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_DoekAllesAanMetConstructie)
+    ->ArgsProduct({{64}, {2, 4, 8}})
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_GroteKromme)
     ->Args({1000, 0})
     ->Args({1000, 1})
@@ -184,3 +225,15 @@ BENCHMARK(BM_GroteKromme)
     ->Unit(benchmark::kMillisecond);
 
 }  // namespace
+
+// Labels need the fonts of a GUI application.
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    QGuiApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

@@ -122,27 +122,37 @@ void paintText(QPainter& painter, QPointF at, const std::string& utf8, const Tex
     if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()) == nullptr) {
         return;
     }
-    const QString text = QString::fromStdString(utf8);
-    QFont font(QStringLiteral("sans-serif"));
-    // Sizes in points of the screen's 96 logical pixels to the inch, on any device.
+    // The font and its metrics of the last size asked for: labels come in one size or two.
+    struct Lettertype {
+        double grootte = -1.0;
+        double dpi = -1.0;
+        QFont font;
+        double midden = 0.0;  // from the baseline up to the middle of the text
+    };
+    thread_local Lettertype laatste;
     const QPaintDevice* device = painter.device();
     const double dpi = device != nullptr && device->logicalDpiY() > 0 ? device->logicalDpiY()
                                                                        : kLogicalDpi;
     const double points = std::isfinite(style.points) ? std::clamp(style.points, 1.0, 400.0) : 9.0;
-    font.setPointSizeF(points * kLogicalDpi / dpi);
-    const QFontMetricsF metrics(font, device);
-    const double width = metrics.horizontalAdvance(text);
-    double x = at.x();
-    if (style.anchor == TextAnchor::kCentre) {
-        x -= width / 2;
-    } else if (style.anchor == TextAnchor::kRight) {
-        x -= width;
+    if (laatste.grootte != points || laatste.dpi != dpi) {
+        laatste.font = QFont(QStringLiteral("sans-serif"));
+        // Sizes in points of the screen's 96 logical pixels to the inch, on any device.
+        laatste.font.setPointSizeF(points * kLogicalDpi / dpi);
+        const QFontMetricsF metrics(laatste.font, device);
+        laatste.midden = (metrics.ascent() - metrics.descent()) / 2;
+        laatste.grootte = points;
+        laatste.dpi = dpi;
     }
-    painter.save();
-    painter.setFont(font);
+    const QString text = QString::fromStdString(utf8);
+    double x = at.x();
+    if (style.anchor != TextAnchor::kLeft) {
+        const double width = QFontMetricsF(laatste.font, device).horizontalAdvance(text);
+        x -= style.anchor == TextAnchor::kCentre ? width / 2 : width;
+    }
+    // Every primitive sets the pen it draws with: nothing to save.
+    painter.setFont(laatste.font);
     painter.setPen(toQColor(style.colour));
-    painter.drawText(QPointF(x, at.y() + (metrics.ascent() - metrics.descent()) / 2), text);
-    painter.restore();
+    painter.drawText(QPointF(x, at.y() + laatste.midden), text);
 }
 
 }  // namespace zw

@@ -29,21 +29,42 @@ Colour niveaukleur(std::size_t r) {
     return kNiveaukleuren[r % (sizeof kNiveaukleuren / sizeof kNiveaukleuren[0])];
 }
 
-// The basis functions of the segment at t, from de Boor's triangle on unit points: with the
-// curve's weights the rational ones, which add up to 1.
+// The k basis functions that are not zero at t, those of the span l = eersteIndex + k - 1, by
+// de Boor's recurrence (each order's from the one below, as in the triangle of the points); with
+// the curve's weights the rational ones, which add up to 1. An interval of no length adds
+// nothing.
 std::vector<double> basiswaarden(const ConstructieKromme& kromme, const Constructie& c, double t) {
-    std::vector<double> waarden;
-    ConstructieKromme eenheid = kromme;
-    for (int j = 0; j < kromme.orde; ++j) {
-        std::fill(eenheid.punten.begin(), eenheid.punten.end(), Punt(0.0f, 0.0f));
-        const std::size_t i = static_cast<std::size_t>(c.eersteIndex + j);
-        if (i < eenheid.punten.size()) {
-            eenheid.punten[i] = Punt(1.0f, 0.0f);
-        }
-        const std::optional<Constructie> e = bouw_constructie(eenheid, t);
-        waarden.push_back(e ? e->krommepunt.X : 0.0);
+    const auto k = static_cast<std::size_t>(kromme.orde);
+    const auto l = static_cast<std::size_t>(c.eersteIndex) + k - 1;
+    const std::vector<double>& u = kromme.knopen;
+    std::vector<double> n(k, 0.0), links(k, 0.0), rechts(k, 0.0);
+    if (k == 0 || l + k > u.size()) {
+        return n;
     }
-    return waarden;
+    n[0] = 1.0;
+    for (std::size_t j = 1; j < k; ++j) {
+        links[j] = t - u[l + 1 - j];
+        rechts[j] = u[l + j] - t;
+        double bewaard = 0.0;
+        for (std::size_t r = 0; r < j; ++r) {
+            const double noemer = rechts[r + 1] + links[j - r];
+            const double deel = noemer != 0.0 ? n[r] / noemer : 0.0;
+            n[r] = bewaard + rechts[r + 1] * deel;
+            bewaard = links[j - r] * deel;
+        }
+        n[j] = bewaard;
+    }
+    if (kromme.gewichten.size() == kromme.punten.size() && !kromme.gewichten.empty()) {
+        double som = 0.0;
+        for (std::size_t j = 0; j < k; ++j) {
+            n[j] *= kromme.gewichten[static_cast<std::size_t>(c.eersteIndex) + j];
+            som += n[j];
+        }
+        for (double& v : n) {
+            v = som != 0.0 ? v / som : 0.0;
+        }
+    }
+    return n;
 }
 
 }  // namespace
@@ -174,7 +195,7 @@ void ConstructieBeeld::teken() {
     }
     tekenDoek(*c);
     if (venster_.mengstat) {
-        tekenMeng(*kromme);
+        tekenMeng(*kromme, *c);
     }
     if (venster_.knopen_zichtbaar) {
         tekenKnopen(*kromme);
@@ -235,21 +256,20 @@ void ConstructieBeeld::tekenRaaklijn(const Constructie& c) {
 }
 
 // A line at t up the pane, and on every basis function of t's segment a dot at its value.
-void ConstructieBeeld::tekenMeng(const ConstructieKromme& kromme) {
-    const std::optional<Constructie> c = bouw_constructie(kromme, t_);
-    if (!c || kromme.knopen.size() < 2 || !(kromme.knopen.back() > kromme.knopen.front())) {
+void ConstructieBeeld::tekenMeng(const ConstructieKromme& kromme, const Constructie& c) {
+    if (kromme.knopen.size() < 2 || !(kromme.knopen.back() > kromme.knopen.front())) {
         return;
     }
     Surface& meng = venster_.meng().overlay();
     const double x = (t_ - kromme.knopen.front()) / (kromme.knopen.back() - kromme.knopen.front()) *
                      kMengBreedte;
     meng.line(x, 0, x, 100, kPuntkleur);
-    const std::vector<double> waarden = basiswaarden(kromme, *c, t_);
+    const std::vector<double> waarden = basiswaarden(kromme, c, t_);
     // Three pixels, in the pane's horizontal units.
     const double straal = 3 * std::fabs(meng.scaleWidth()) / std::max(1, meng.pixelWidth());
     meng.setFillStyle(kFillSolid);
     for (std::size_t j = 0; j < waarden.size(); ++j) {
-        const Colour kleur = venster_.kleur(c->eersteIndex + static_cast<double>(j));
+        const Colour kleur = venster_.kleur(c.eersteIndex + static_cast<double>(j));
         meng.setFillColour(kleur);
         meng.circle(x, waarden[j] * 100, straal, kleur);
         if (labels_) {

@@ -59,7 +59,7 @@ class ConstructieBeeld {
     void tekenDoek(const Constructie& c);
     void tekenNiveaus(const Constructie& c);
     void tekenRaaklijn(const Constructie& c);
-    void tekenMeng(const ConstructieKromme& kromme);
+    void tekenMeng(const ConstructieKromme& kromme, const Constructie& c);
     void tekenKnopen(const ConstructieKromme& kromme);
     void wis();
 

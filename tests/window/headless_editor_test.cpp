@@ -235,6 +235,14 @@ TEST(HeadlessEditor, TheConstructionIsDrawnOverTheCanvasAndInsertsItsParameter) 
         EXPECT_NEAR(p.Y, voor->niveaus[1].punten[j].Y, 1.0f);
     }
     w.klik("mntBeeldMengFuncties");
+    Surface& mengLaag = w.meng().overlay();
+    mengLaag.setLogging(true);
+    c.zetT(c.t());
+    double procenten = 0.0;
+    for (const DrawRecord& r : mengLaag.log()) {
+        procenten += r.kind == DrawKind::kText ? std::stod(r.text) : 0.0;
+    }
+    EXPECT_NEAR(procenten, 100.0, 0.01);  // the rational basis functions at t, in percent
     w.meng().deliverMouseDown(1, 0, 1, w.meng().pixelHeight() / 2.0);
     EXPECT_EQ(c.t(), c.bereik()->begin);
     w.klik("mntBeeldMengFuncties");  // the pane of no curve is the editor's own error 9
