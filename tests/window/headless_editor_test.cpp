@@ -462,7 +462,13 @@ TEST(Afbeelding, TheRenderersExitStatus) {
         int status;
         const char* melding;
     } gevallen[] = {
-        {{k, uit, "--grootte", "300x200", "--bezier", "--segmenten", "2"}, 0, ""},
+        {{k, uit, "--grootte", "300x200", "--bezier", "--segmenten", "2", "--constructie", "1",
+          "--labels", "--raaklijn"},
+         0,
+         ""},
+        {{k, uit, "--constructie", "99"}, 2, "--constructie: de parameter ligt van"},
+        {{k, uit, "--constructie", "1", "--niveau", "4"}, 2, "niveaus 0 tot en met 3"},
+        {{k, uit, "--labels"}, 2, "horen bij --constructie"},
         {{pad("weg.zwl"), uit}, 2, "kan de kromme"},
         {{pad("kapot.zwl"), uit}, 1, "Fout 7 tijdens uitvoering: "},
         {{k, uit, "--detail", "hoog"}, 2, "--detail"},
