@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <cerrno>
 #include <cmath>
 #include <cstdio>
@@ -47,6 +48,8 @@ const char kGebruik[] =
     "  --niveau R              alleen de niveaus 0 tot en met R van de constructie\n"
     "  --labels                elk punt van de constructie met zijn blossom\n"
     "  --raaklijn              de raaklijn in het krommepunt\n"
+    "  --passend               ingezoomd op de controlepunten, de kromme en de constructie,\n"
+    "                          met een rand eromheen\n"
     "  --instellingen BESTAND  kleuren en straal uit dit instellingenbestand; zonder deze optie\n"
     "                          uit het bestand \"zwierlijn\" naast het programma, anders de\n"
     "                          standaardinstellingen\n"
@@ -83,6 +86,7 @@ struct Opties {
     std::optional<long> niveau;
     bool labels = false;
     bool raaklijn = false;
+    bool passend = false;
 };
 
 long geheel(const std::string& tekst, const std::string& optie) {
@@ -172,6 +176,8 @@ void leesOptie(const std::vector<std::string>& args, std::size_t& i, Opties& o) 
         o.labels = true;
     } else if (a == "--raaklijn") {
         o.raaklijn = true;
+    } else if (a == "--passend") {
+        o.passend = true;
     } else if (a == "--instellingen") {
         o.instellingen = waarde(args, i);
     } else if (a == "--miniatuur") {
@@ -374,7 +380,37 @@ class Renderer {
                 return false;
             }
         }
-        return !o_.constructie || stap([&] { zetConstructie(); });
+        return (!o_.passend || stap([&] { pasIn(); })) &&
+               (!o_.constructie || stap([&] { zetConstructie(); }));
+    }
+
+    // The polygon's box fills the canvas but for a margin: the curve and its construction lie
+    // in the polygon's convex hull, its points' labels in the margin. Discs keep their size in
+    // pixels, as the editor's zoom keeps them.
+    void pasIn() {
+        zw::coordinaten& p = w_->polygoon();
+        if (p.graad < 0.0f) {
+            return;
+        }
+        double x1 = 1e300, y1 = 1e300, x2 = -1e300, y2 = -1e300;
+        for (float i = 0.0f; i <= p.graad; i += 1.0f) {
+            const zw::Punt q = p.punten(i);
+            x1 = std::min(x1, double{q.X});
+            x2 = std::max(x2, double{q.X});
+            y1 = std::min(y1, double{q.Y});
+            y2 = std::max(y2, double{q.Y});
+        }
+        zw::Surface& doek = w_->Doek();
+        constexpr double kRand = 0.12, kKleinste = 1000.0;
+        const double per = std::max({(x2 - x1) / (doek.pixelWidth() * (1 - 2 * kRand)),
+                                     (y2 - y1) / (doek.pixelHeight() * (1 - 2 * kRand)),
+                                     kKleinste / std::max(1, doek.pixelWidth())});
+        const double oud = doek.scaleWidth() / std::max(1, doek.pixelWidth());
+        const double cx = (x1 + x2) / 2, cy = (y1 + y2) / 2;
+        const double hw = doek.pixelWidth() * per / 2, hh = doek.pixelHeight() * per / 2;
+        doek.scale(cx - hw, cy - hh, cx + hw, cy + hh);
+        w_->ControleStraal = zw::toLong(w_->ControleStraal * per / oud);
+        doek.refresh();
     }
 
     void zetConstructie() {

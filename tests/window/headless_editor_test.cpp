@@ -463,7 +463,7 @@ TEST(Afbeelding, TheRenderersExitStatus) {
         const char* melding;
     } gevallen[] = {
         {{k, uit, "--grootte", "300x200", "--bezier", "--segmenten", "2", "--constructie", "1",
-          "--labels", "--raaklijn"},
+          "--labels", "--raaklijn", "--passend"},
          0,
          ""},
         {{k, uit, "--constructie", "99"}, 2, "--constructie: de parameter ligt van"},
