@@ -5,6 +5,7 @@
 #include <QMenuBar>
 #include <QProcess>
 #include <QPushButton>
+#include <QSlider>
 #include <sstream>
 
 #include "editor_fixture.h"
@@ -13,6 +14,7 @@
 #include "platform/qimage_sink.h"
 #include "spline/blossom_functie.h"
 #include "ui/kleurtjes.h"
+#include "window/constructie_beeld.h"
 
 namespace zw {
 namespace {
@@ -398,6 +400,42 @@ TEST_F(EditorTest, ExportIsTheRenderersFigureAndLeavesEverythingAsItWas) {
         "SVG-afbeelding (*.svg)|*.svg|PDF-document (*.pdf)|*.pdf|PNG-afbeelding (*.png)|*.png");
     EXPECT_EQ(stand(*w, dir.path()), voor);
     EXPECT_EQ(imageOf(w->Doek()), doek);
+}
+
+// Ctrl+T shows the construction's window beside the editor; its buttons step the levels and
+// Right moves t by a hundredth of the range; closing the window turns the view off and clears
+// the menu's mark.
+TEST_F(EditorTest, TheConstructionsWindowStepsMovesAndClosesTheView) {
+    testCurve();
+    QAction* item = w->menu(QStringLiteral("mntExtraConstructie"));
+    EXPECT_EQ(item->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_T));
+    item->trigger();
+    QWidget* venster = w->findChild<QWidget*>(QStringLiteral("Constructie"));
+    ASSERT_TRUE(venster != nullptr);
+    EXPECT_EQ(dialogs.shown().back().window, "Constructie");  // shown beside the editor
+    EXPECT_EQ(venster->windowTitle(), QStringLiteral("Constructie"));
+    EXPECT_TRUE(item->isChecked());
+    ConstructieBeeld& c = w->constructie();
+    const auto knop = [&](const char* tekst) {
+        for (QPushButton* b : venster->findChildren<QPushButton*>()) {
+            if (b->text() == QString::fromUtf8(tekst)) {
+                return b;
+            }
+        }
+        return static_cast<QPushButton*>(nullptr);
+    };
+    ASSERT_TRUE(knop("Vorige stap") && knop("Volgende stap") && knop("Afspelen") &&
+                knop("Invoegen"));
+    knop("Vorige stap")->click();
+    EXPECT_EQ(c.niveau(), 2);
+    const double t = c.t(), breed = c.bereik()->eind - c.bereik()->begin;
+    QSlider* schuif = venster->findChild<QSlider*>();
+    schuif->setFocus();
+    QTest::keyClick(schuif, Qt::Key_Right);
+    EXPECT_NEAR(c.t(), t + breed / 100, 1e-9);
+    venster->close();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(c.aan() || item->isChecked());
 }
 
 }  // namespace
