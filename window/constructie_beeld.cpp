@@ -73,9 +73,11 @@ std::vector<double> basiswaarden(const ConstructieKromme& kromme, const Construc
 // and as many knots as points and order together (between ZetOrde's versions and before it, the
 // knot vector and the polygon need not agree).
 std::optional<ConstructieKromme> ConstructieBeeld::kromme() const {
-    const auto k = static_cast<std::size_t>(std::max(0.0f, venster_.polygoon().orde));
-    const auto n = static_cast<std::size_t>(std::max(0.0f, venster_.polygoon().graad + 1.0f));
-    if (k < 1 || n < k || static_cast<double>(venster_.vec().knopenlengte) != double(n + k)) {
+    // A file may hold any order and count: only those that can be whole numbers are read.
+    constexpr double kGrens = 1e8;
+    const double orde = venster_.polygoon().orde, punten = venster_.polygoon().graad + 1.0;
+    if (!(orde >= 1.0 && orde <= kGrens && punten >= orde && punten <= kGrens) ||
+        static_cast<double>(venster_.vec().knopenlengte) != punten + orde) {
         return std::nullopt;
     }
     return kromme_van(venster_);
@@ -98,7 +100,8 @@ int ConstructieBeeld::segment() const {
 }
 
 int ConstructieBeeld::hoogsteNiveau() const {
-    return std::max(0, static_cast<int>(venster_.polygoon().orde) - 1);
+    const double orde = venster_.polygoon().orde;
+    return orde >= 1.0 && orde <= 1e8 ? static_cast<int>(orde) - 1 : 0;
 }
 
 void ConstructieBeeld::zetAan(bool aan) {
