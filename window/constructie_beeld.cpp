@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 
 #include "knots/knoop_vector.h"
 #include "platform/draw_log.h"
 #include "platform/surface.h"
+#include "platform/werk.h"
 #include "spline/blossom_functie.h"
 #include "storage/opslag.h"
 #include "window/zwierlijn.h"
@@ -41,6 +43,7 @@ std::vector<double> basiswaarden(const ConstructieKromme& kromme, const Construc
     if (k == 0 || l + k > u.size()) {
         return n;
     }
+    werk(static_cast<std::uint64_t>(k) * k * 4);
     n[0] = 1.0;
     for (std::size_t j = 1; j < k; ++j) {
         links[j] = t - u[l + 1 - j];
