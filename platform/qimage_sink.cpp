@@ -5,10 +5,13 @@
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QPaintDevice>
+#include <QPaintEngine>
 #include <QPainter>
+#include <QStaticText>
 #include <QString>
 #include <algorithm>
 #include <cmath>
+#include <unordered_map>
 
 #include "platform/raster_lines.h"
 #include "platform/runtime_error.h"
@@ -128,6 +131,7 @@ void paintText(QPainter& painter, QPointF at, const std::string& utf8, const Tex
         double dpi = -1.0;
         QFont font;
         double midden = 0.0;  // from the baseline up to the middle of the text
+        double ascent = 0.0;
     };
     thread_local Lettertype laatste;
     const QPaintDevice* device = painter.device();
@@ -140,19 +144,45 @@ void paintText(QPainter& painter, QPointF at, const std::string& utf8, const Tex
         laatste.font.setPointSizeF(points * kLogicalDpi / dpi);
         const QFontMetricsF metrics(laatste.font, device);
         laatste.midden = (metrics.ascent() - metrics.descent()) / 2;
+        laatste.ascent = metrics.ascent();
         laatste.grootte = points;
         laatste.dpi = dpi;
     }
+    painter.setFont(laatste.font);
+    // Every primitive sets the pen it draws with: nothing to save.
+    painter.setPen(toQColor(style.colour));
     const QString text = QString::fromStdString(utf8);
+    if (painter.paintEngine() == nullptr || painter.paintEngine()->type() != QPaintEngine::Raster) {
+        // A vector file gets the text as text.
+        double x = at.x();
+        if (style.anchor != TextAnchor::kLeft) {
+            const double width = QFontMetricsF(laatste.font, device).horizontalAdvance(text);
+            x -= style.anchor == TextAnchor::kCentre ? width / 2 : width;
+        }
+        painter.drawText(QPointF(x, at.y() + laatste.midden), text);
+        return;
+    }
+    // On a raster the layout of a label is kept: the same labels come back at every step of t.
+    thread_local std::unordered_map<std::string, QStaticText> opmaak;
+    constexpr std::size_t kMaxOpmaak = 1024;
+    if (opmaak.size() >= kMaxOpmaak) {
+        opmaak.clear();
+    }
+    const std::string sleutel = utf8 + '\0' + std::to_string(points) + '\0' + std::to_string(dpi);
+    auto gevonden = opmaak.find(sleutel);
+    if (gevonden == opmaak.end()) {
+        QStaticText statisch(text);
+        statisch.setTextFormat(Qt::PlainText);
+        statisch.setPerformanceHint(QStaticText::AggressiveCaching);
+        statisch.prepare(QTransform(), laatste.font);
+        gevonden = opmaak.emplace(sleutel, std::move(statisch)).first;
+    }
+    const double width = gevonden->second.size().width();
     double x = at.x();
     if (style.anchor != TextAnchor::kLeft) {
-        const double width = QFontMetricsF(laatste.font, device).horizontalAdvance(text);
         x -= style.anchor == TextAnchor::kCentre ? width / 2 : width;
     }
-    // Every primitive sets the pen it draws with: nothing to save.
-    painter.setFont(laatste.font);
-    painter.setPen(toQColor(style.colour));
-    painter.drawText(QPointF(x, at.y() + laatste.midden), text);
+    painter.drawStaticText(QPointF(x, at.y() + laatste.midden - laatste.ascent), gevonden->second);
 }
 
 }  // namespace zw
