@@ -41,6 +41,13 @@ void SurfaceEvents::deliverMouseUp(int button, int shift, double pixelX, double 
     deliverMouse(mouseUp_, button, shift, pixelX, pixelY);
 }
 
+void SurfaceEvents::deliverMouseLeave() {
+    const std::function<void()> call = mouseLeave_;
+    if (call) {
+        call();
+    }
+}
+
 void SurfaceEvents::deliverMouse(const MouseHandler& handler, int button, int shift, double px,
                                  double py) {
     const MouseHandler call = handler;  // the handler may replace itself

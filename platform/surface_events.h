@@ -30,12 +30,15 @@ class SurfaceEvents {
     void setMouseDownHandler(MouseHandler handler) { mouseDown_ = std::move(handler); }
     void setMouseMoveHandler(MouseHandler handler) { mouseMove_ = std::move(handler); }
     void setMouseUpHandler(MouseHandler handler) { mouseUp_ = std::move(handler); }
+    void setMouseLeaveHandler(std::function<void()> handler) { mouseLeave_ = std::move(handler); }
     // Raises the paint event now, then has the view show the result.
     void refresh();
     // The view delivers mouse events in logical pixels of the surface.
     void deliverMouseDown(int button, int shift, double pixelX, double pixelY);
     void deliverMouseMove(int buttons, int shift, double pixelX, double pixelY);
     void deliverMouseUp(int button, int shift, double pixelX, double pixelY);
+    // The pointer left the surface.
+    void deliverMouseLeave();
     // The view of this surface, or none. It must deregister before it goes.
     void setObserver(SurfaceObserver* observer) { observer_ = observer; }
 
@@ -66,6 +69,7 @@ class SurfaceEvents {
     MouseHandler mouseDown_;
     MouseHandler mouseMove_;
     MouseHandler mouseUp_;
+    std::function<void()> mouseLeave_;
     SurfaceObserver* observer_ = nullptr;
 };
 

@@ -67,6 +67,8 @@ const MenuEntry kTree[] = {
     {"mntExtra", "E&xtra", 0, false},
     {"mntExtraExporteren", "&Exporteren...", 1, false},
     {"mntExtraConstructie", "&Constructie", 1, true},
+    {"mntExtraVerbanden", "&Verbanden", 1, true},
+    {"mntExtraNummers", "&Nummers", 1, true},
 };
 
 }  // namespace

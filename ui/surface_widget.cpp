@@ -101,6 +101,11 @@ void SurfaceWidget::mouseReleaseEvent(QMouseEvent* event) {
     guard_.run([&] { surface_.deliverMouseUp(button, shift, at.x(), at.y()); });
 }
 
+void SurfaceWidget::leaveEvent(QEvent* event) {
+    guard_.run([&] { surface_.deliverMouseLeave(); });
+    QWidget::leaveEvent(event);
+}
+
 void SurfaceWidget::imageChanged() {
     update();
 }

@@ -28,6 +28,7 @@ class SurfaceWidget : public QWidget, private SurfaceObserver {
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
 
   private:
     void imageChanged() override;

@@ -70,6 +70,10 @@ void ZwierlijnVenster::bouwVenster() {
     coordLabel_ = new QLabel(QStringLiteral("Vanalles en nog wa"), this);
     coordLabel_->setObjectName(QStringLiteral("CoordLabel"));
     statusBar()->addWidget(coordLabel_);
+    // Where the user is, at the bar's right end.
+    statusLabel_ = new QLabel(this);
+    statusLabel_->setObjectName(QStringLiteral("Status"));
+    statusBar()->addPermanentWidget(statusLabel_);
 
     // The client area is the classic form: its children are placed in twips.
     formulier_ = new QWidget(this);
@@ -205,6 +209,12 @@ void ZwierlijnVenster::toonGewichten() {
 void ZwierlijnVenster::sluitGewichten() {
     if (gewichtenVenster_) {
         gewichtenVenster_->close();
+    }
+}
+
+void ZwierlijnVenster::toonStatus(const std::string& regel) {
+    if (statusLabel_ != nullptr) {
+        statusLabel_->setText(QString::fromStdString(regel));
     }
 }
 

@@ -59,6 +59,7 @@ class ZwierlijnVenster : public QMainWindow, public Zwierlijn {
     void toonGewichten() override;
     void sluitGewichten() override;
     void toonConstructie(bool aan) override;
+    void toonStatus(const std::string& regel) override;
     void sluitVenster() override;
 
     void closeEvent(QCloseEvent* event) override;
@@ -81,6 +82,7 @@ class ZwierlijnVenster : public QMainWindow, public Zwierlijn {
     SurfaceWidget* mengWidget_ = nullptr;
     QToolBar* tb_ = nullptr;
     QLabel* coordLabel_ = nullptr;
+    QLabel* statusLabel_ = nullptr;
     std::unique_ptr<Menus> menus_;
     std::unique_ptr<Werkbalk> werkbalk_;
 };

@@ -257,4 +257,41 @@ std::string kort_getal(double x) {
     return tekst == "-0" ? "0" : tekst;
 }
 
+// de Boor's recurrence: each order's functions from the one below, as in the triangle of the
+// points.
+std::vector<double> basiswaarden(const ConstructieKromme& kromme, int eersteIndex, double t) {
+    const auto k = static_cast<std::size_t>(kromme.orde);
+    const auto l = static_cast<std::size_t>(eersteIndex) + k - 1;
+    const std::vector<double>& u = kromme.knopen;
+    std::vector<double> n(k, 0.0), links(k, 0.0), rechts(k, 0.0);
+    if (k == 0 || l + k > u.size()) {
+        return n;
+    }
+    werk(static_cast<std::uint64_t>(k) * k * 4);
+    n[0] = 1.0;
+    for (std::size_t j = 1; j < k; ++j) {
+        links[j] = t - u[l + 1 - j];
+        rechts[j] = u[l + j] - t;
+        double bewaard = 0.0;
+        for (std::size_t r = 0; r < j; ++r) {
+            const double noemer = rechts[r + 1] + links[j - r];
+            const double deel = noemer != 0.0 ? n[r] / noemer : 0.0;
+            n[r] = bewaard + rechts[r + 1] * deel;
+            bewaard = links[j - r] * deel;
+        }
+        n[j] = bewaard;
+    }
+    if (kromme.gewichten.size() == kromme.punten.size() && !kromme.gewichten.empty()) {
+        double som = 0.0;
+        for (std::size_t j = 0; j < k; ++j) {
+            n[j] *= kromme.gewichten[static_cast<std::size_t>(eersteIndex) + j];
+            som += n[j];
+        }
+        for (double& v : n) {
+            v = som != 0.0 ? v / som : 0.0;
+        }
+    }
+    return n;
+}
+
 }  // namespace zw

@@ -71,6 +71,11 @@ std::optional<Constructie> bouw_constructie(const ConstructieKromme& kromme, dou
 // other (the Bezier curve, where de Boor's algorithm is de Casteljau's), "de Boor" otherwise.
 std::string algoritme_naam(const ConstructieKromme& kromme);
 
+// The k basis functions of control points eersteIndex .. eersteIndex + k - 1 at t, which lies in
+// their span (knot eersteIndex + k - 1 up to the next); with the curve's weights the rational
+// ones, which add up to 1. An interval of no length adds nothing.
+std::vector<double> basiswaarden(const ConstructieKromme& kromme, int eersteIndex, double t);
+
 // A number of a label: at most three decimals, no trailing zeros ("1", "2.5", "-0.125").
 std::string kort_getal(double x);
 

@@ -78,6 +78,8 @@ class GewichtenForm {
                                              Vensterplek form) const;
     // The main window draws its points plainly again.
     void Form_QueryUnload();
+    // Where the handle of weight `index` sits on its scale.
+    Punt gewicht_naar_punt(float index) const;
 
   private:
     void bereken_schaal();
@@ -85,7 +87,6 @@ class GewichtenForm {
     void teken_gewichten();
     // The handle nearest to P; of equal distances the lower index.
     float zoek_gewicht(const Punt& P) const;
-    Punt gewicht_naar_punt(float index) const;
     // The weight at height Y of the scales. Y is reduced by the margin on the way, the caller's
     // too.
     double hoogte_naar_gewicht(float& Y) const;

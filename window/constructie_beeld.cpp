@@ -31,45 +31,6 @@ Colour niveaukleur(std::size_t r) {
     return kNiveaukleuren[r % (sizeof kNiveaukleuren / sizeof kNiveaukleuren[0])];
 }
 
-// The k basis functions that are not zero at t, those of the span l = eersteIndex + k - 1, by
-// de Boor's recurrence (each order's from the one below, as in the triangle of the points); with
-// the curve's weights the rational ones, which add up to 1. An interval of no length adds
-// nothing.
-std::vector<double> basiswaarden(const ConstructieKromme& kromme, const Constructie& c, double t) {
-    const auto k = static_cast<std::size_t>(kromme.orde);
-    const auto l = static_cast<std::size_t>(c.eersteIndex) + k - 1;
-    const std::vector<double>& u = kromme.knopen;
-    std::vector<double> n(k, 0.0), links(k, 0.0), rechts(k, 0.0);
-    if (k == 0 || l + k > u.size()) {
-        return n;
-    }
-    werk(static_cast<std::uint64_t>(k) * k * 4);
-    n[0] = 1.0;
-    for (std::size_t j = 1; j < k; ++j) {
-        links[j] = t - u[l + 1 - j];
-        rechts[j] = u[l + j] - t;
-        double bewaard = 0.0;
-        for (std::size_t r = 0; r < j; ++r) {
-            const double noemer = rechts[r + 1] + links[j - r];
-            const double deel = noemer != 0.0 ? n[r] / noemer : 0.0;
-            n[r] = bewaard + rechts[r + 1] * deel;
-            bewaard = links[j - r] * deel;
-        }
-        n[j] = bewaard;
-    }
-    if (kromme.gewichten.size() == kromme.punten.size() && !kromme.gewichten.empty()) {
-        double som = 0.0;
-        for (std::size_t j = 0; j < k; ++j) {
-            n[j] *= kromme.gewichten[static_cast<std::size_t>(c.eersteIndex) + j];
-            som += n[j];
-        }
-        for (double& v : n) {
-            v = som != 0.0 ? v / som : 0.0;
-        }
-    }
-    return n;
-}
-
 }  // namespace
 
 // The curve as the construction reads it, or nothing while the polygon has no curve: an order
@@ -113,16 +74,14 @@ void ConstructieBeeld::zetAan(bool aan) {
     if (aan_) {
         t_ = (b->begin + b->eind) / 2;
         niveau_ = hoogsteNiveau();
-        teken();
-    } else {
-        wis();
     }
+    venster_.tekenLagen();
 }
 
 void ConstructieBeeld::zetT(double t) {
     if (const std::optional<Bereik> b = bereik()) {
         t_ = b->klem(t);
-        teken();
+        venster_.tekenLagen();
     }
 }
 
@@ -134,17 +93,17 @@ void ConstructieBeeld::stap(int richting) {
 
 void ConstructieBeeld::zetNiveau(int niveau) {
     niveau_ = std::clamp(niveau, 0, hoogsteNiveau());
-    teken();
+    venster_.tekenLagen();
 }
 
 void ConstructieBeeld::zetLabels(bool aan) {
     labels_ = aan;
-    teken();
+    venster_.tekenLagen();
 }
 
 void ConstructieBeeld::zetRaaklijn(bool aan) {
     raaklijn_ = aan;
-    teken();
+    venster_.tekenLagen();
 }
 
 void ConstructieBeeld::volg() {
@@ -154,12 +113,10 @@ void ConstructieBeeld::volg() {
     const std::optional<Bereik> b = bereik();
     if (!b) {
         aan_ = false;
-        wis();
         return;
     }
     t_ = b->klem(t_);
     niveau_ = std::clamp(niveau_, 0, hoogsteNiveau());
-    teken();
 }
 
 void ConstructieBeeld::invoegen() {
@@ -181,16 +138,7 @@ void ConstructieBeeld::zetTUitMeng(float x) {
     zetT(eerste + (laatste - eerste) * static_cast<double>(x) / kMengBreedte);
 }
 
-void ConstructieBeeld::wis() {
-    for (Surface* s : {&venster_.Doek(), &venster_.meng(), &venster_.Knopen()}) {
-        if (s->overlayIfAny() != nullptr) {
-            s->overlay().cls();
-        }
-    }
-}
-
 void ConstructieBeeld::teken() {
-    wis();
     if (!aan_) {
         return;
     }
@@ -270,7 +218,7 @@ void ConstructieBeeld::tekenMeng(const ConstructieKromme& kromme, const Construc
     const double x = (t_ - kromme.knopen.front()) / (kromme.knopen.back() - kromme.knopen.front()) *
                      kMengBreedte;
     meng.line(x, 0, x, 100, kPuntkleur);
-    const std::vector<double> waarden = basiswaarden(kromme, c, t_);
+    const std::vector<double> waarden = basiswaarden(kromme, c.eersteIndex, t_);
     // Three pixels, in the pane's horizontal units.
     const double straal = 3 * std::fabs(meng.scaleWidth()) / std::max(1, meng.pixelWidth());
     meng.setFillStyle(kFillSolid);

@@ -46,22 +46,25 @@ class ConstructieBeeld {
     int segment() const;
 
     // After the curve changed (a redraw of the canvas): t kept in the new range, the level at
-    // most the new order's, or the view off when there is no curve left. Then the overlays.
+    // most the new order's, or the view off when there is no curve left.
     void volg();
+    // Onto the overlays, cleared by the window (Zwierlijn::tekenLagen), which every change here
+    // asks for.
     void teken();
     // t into the knot vector (Boehm), recorded as a version, as a click in "Spline Punt" mode.
     void invoegen();
     // The blending pane's x (its scale units) as t.
     void zetTUitMeng(float x);
 
-  private:
+    // The curve as the construction reads it, or nothing while the polygon has no curve.
     std::optional<ConstructieKromme> kromme() const;
+
+  private:
     void tekenDoek(const Constructie& c);
     void tekenNiveaus(const Constructie& c);
     void tekenRaaklijn(const Constructie& c);
     void tekenMeng(const ConstructieKromme& kromme, const Constructie& c);
     void tekenKnopen(const ConstructieKromme& kromme);
-    void wis();
 
     Zwierlijn& venster_;
     bool aan_ = false;

@@ -8,6 +8,7 @@
 #include "storage/opslag.h"
 #include "views/beeld.h"
 #include "window/constructie_beeld.h"
+#include "window/verbanden.h"
 #include "wavelet/wavelet.h"
 #include "weights/gewichten_form.h"
 
@@ -18,6 +19,7 @@ Zwierlijn::Zwierlijn(std::string programDirectory, Dialogs& dialogs)
     meng_.setContainer(&doek_);
     meng_.move(0, 0, 0, 0);
     constructie_ = std::make_unique<ConstructieBeeld>(*this);
+    verbanden_ = std::make_unique<Verbanden>(*this);
     verbindPanelen();
 }
 
@@ -25,10 +27,17 @@ Zwierlijn::~Zwierlijn() = default;
 
 void Zwierlijn::verbindPanelen() {
     doek_.setPaintHandler([this] { Doek_Paint(); });
-    doek_.setMouseDownHandler(
-        [this](int b, int s, float x, float y) { Doek_MouseDown(b, s, x, y); });
-    doek_.setMouseMoveHandler(
-        [this](int b, int s, float x, float y) { Doek_MouseMove(b, s, x, y); });
+    // A pointer at rest (no button) is the links' business alone; a button ends their light.
+    doek_.setMouseDownHandler([this](int b, int s, float x, float y) {
+        verbanden_->weg();
+        Doek_MouseDown(b, s, x, y);
+    });
+    doek_.setMouseMoveHandler([this](int b, int s, float x, float y) {
+        if (b == 0) {
+            verbanden_->opDoek(x, y);
+        }
+        Doek_MouseMove(b, s, x, y);
+    });
     doek_.setMouseUpHandler([this](int b, int s, float x, float y) { Doek_MouseUp(b, s, x, y); });
     // The pane's image is made anew for a new size or another screen's pixel ratio: draw it again.
     knopen_.setPaintHandler([this] {
@@ -37,15 +46,26 @@ void Zwierlijn::verbindPanelen() {
             vec_->teken_vector();
         }
     });
-    knopen_.setMouseDownHandler(
-        [this](int b, int s, float x, float y) { Knopen_MouseDown(b, s, x, y); });
-    knopen_.setMouseMoveHandler(
-        [this](int b, int s, float x, float y) { Knopen_MouseMove(b, s, x, y); });
+    knopen_.setMouseDownHandler([this](int b, int s, float x, float y) {
+        verbanden_->weg();
+        Knopen_MouseDown(b, s, x, y);
+    });
+    knopen_.setMouseMoveHandler([this](int b, int s, float x, float y) {
+        if (b == 0) {
+            verbanden_->opKnopen(x, y);
+        }
+        Knopen_MouseMove(b, s, x, y);
+    });
     knopen_.setMouseUpHandler(
         [this](int b, int s, float x, float y) { Knopen_MouseUp(b, s, x, y); });
     meng_.setPaintHandler([this] { meng_Paint(); });
     // The pane's left button has no task of its own: with the construction on, it moves t.
-    const MouseHandler mengT = [this](int b, int, float x, float) {
+    const MouseHandler mengT = [this](int b, int, float x, float y) {
+        if (b == 0) {
+            verbanden_->opMeng(x, y);
+            return;
+        }
+        verbanden_->weg();
         if (b == 1 && constructie_->aan()) {
             constructie_->zetTUitMeng(x);
             meldConstructie();
@@ -53,11 +73,26 @@ void Zwierlijn::verbindPanelen() {
     };
     meng_.setMouseDownHandler(mengT);
     meng_.setMouseMoveHandler(mengT);
+    for (Surface* s : {&doek_, &meng_, &knopen_}) {
+        s->setMouseLeaveHandler([this] { verbanden_->weg(); });
+    }
 }
 
 void Zwierlijn::volgConstructie() {
     constructie_->volg();
+    tekenLagen();
     meldConstructie();
+}
+
+void Zwierlijn::mntExtraVerbanden_Click() {
+    verbanden_->zetAan(!verbanden_->aan());
+    menus_.zetVinkje("mntExtraVerbanden", verbanden_->aan());
+}
+
+void Zwierlijn::mntExtraNummers_Click() {
+    nummers = !nummers;
+    menus_.zetVinkje("mntExtraNummers", nummers);
+    tekenLagen();
 }
 
 // The mark, and the window: shown while the view is on, with what it holds now.
@@ -68,6 +103,12 @@ void Zwierlijn::meldConstructie() {
         toonConstructie(aan);
     }
     constructieGetoond_ = aan;
+}
+
+void Zwierlijn::meldStatus() {
+    if (polygon_ && vec_) {
+        toonStatus(waarBenIk());
+    }
 }
 
 void Zwierlijn::mntExtraConstructie_Click() {

@@ -23,6 +23,7 @@ namespace zw {
 
 class Beeld;
 class ConstructieBeeld;
+class Verbanden;
 class Opslag;
 class Punt;
 class Wavelet;
@@ -55,6 +56,13 @@ class Zwierlijn : public MainWindow {
     Wavelet& wavelet() { return *wavelet_; }
     Opslag& ops() { return *ops_; }
     ConstructieBeeld& constructie() { return *constructie_; }
+    Verbanden& verbanden() { return *verbanden_; }
+    // The overlays drawn again: the construction, the numbers, what the pointer lights up.
+    void tekenLagen();
+    // The knot pane's x of a knot value.
+    double knoopX(double u) const;
+    // A tooltip at the pointer, or none for an empty text; a host without a screen has none.
+    virtual void toonTip(const std::string& tekst) { (void)tekst; }
     const std::string& programDirectory() const { return programDirectory_; }
 
     // The menu items by name ("mntBeeldBezier") and the toolbar buttons by key ("Mengfuncties"):
@@ -112,10 +120,19 @@ class Zwierlijn : public MainWindow {
     void mntExtraExporteren_Click();
     // The construction of a curve point over the canvas, with its window (window/constructie_beeld.h).
     void mntExtraConstructie_Click();
+    // What the pointer rests on lights up in every pane (window/verbanden.h).
+    void mntExtraVerbanden_Click();
+    // The control points' numbers, the knots' values and the continuity at them.
+    void mntExtraNummers_Click();
     // The menu item of a name, as a click on it; false for a name that has no handler.
     bool klik(const std::string& naam);
     // The toolbar's click, by the clicked button's key.
     void Tb_ButtonClick(const std::string& key);
+
+    // Where am I, for the status bar: the order, the points and segments, the knot vector's
+    // form, the mode of a click and the file (window/zwierlijn_status.cpp).
+    std::string waarBenIk() const;
+    std::string knopenvorm() const;
 
     // The enabling and check marks of the menus and the toolbar, after every redraw.
     void zet_menus();
@@ -140,6 +157,8 @@ class Zwierlijn : public MainWindow {
     // --- View state ------------------------------------------------------------------------------
     // Detailed redraw while a control point is dragged.
     bool sleep_detail = true;
+    // Numbers on: a way of looking, which "Nieuw" leaves as it is.
+    bool nummers = false;
     bool knopen_zichtbaar = false;
     bool bezier = false;
     // The picking modes of a left click on the canvas, of which at most one is on.
@@ -172,6 +191,8 @@ class Zwierlijn : public MainWindow {
     // Shows the weights window without blocking. A host without a screen has no window to
     // show: the form is only told that it appeared, at the size it has.
     virtual void toonGewichten();
+    // The status bar's line of where the user is; a host without a screen has none.
+    virtual void toonStatus(const std::string& regel) { (void)regel; }
     // Shows or closes the construction's window; a host without a screen has none.
     virtual void toonConstructie(bool aan) { (void)aan; }
     // Closes the weights window, once the form has been unloaded.
@@ -209,6 +230,8 @@ class Zwierlijn : public MainWindow {
     // The construction follows a redraw; its window with it.
     void volgConstructie();
     void meldConstructie();
+    void meldStatus();
+    void tekenNummers();
 
     std::string programDirectory_;
     Dialogs& dialogs_;
@@ -226,12 +249,15 @@ class Zwierlijn : public MainWindow {
     std::unique_ptr<Opslag> ops_;
     std::unique_ptr<GewichtenForm> gewichten_;
     std::unique_ptr<ConstructieBeeld> constructie_;
+    std::unique_ptr<Verbanden> verbanden_;
     bool constructieGetoond_ = false;
 
     Array<Colour> kleuren_;
     FileDialogRequest bestandsdialoog_;
     // The folder of the last file opened or saved, figures included; kept across "Nieuw".
     std::string laatsteMap_;
+    // The file last opened or saved; a new drawing has none.
+    std::string laatsteBestand_;
     Bedieningen menus_;
     Bedieningen knoppen_;
 };

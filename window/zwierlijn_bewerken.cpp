@@ -20,6 +20,7 @@ namespace zw {
 // --- Bestand -----------------------------------------------------------------------------------
 
 void Zwierlijn::mntBestandNieuw_Click() {
+    laatsteBestand_.clear();
     herstart();
     vec_->openuniform = false;
     knopen_.move(0, 0, 0, 0);
@@ -38,6 +39,7 @@ void Zwierlijn::mntBestandOpenen_Click() {
     }
     onthoudMap(bestand);
     ops_->openen(bestand);
+    laatsteBestand_ = bestand;
     ops_->versie = 1.0f;
     ops_->maxversie = 1.0f;
     ops_->save();
@@ -51,6 +53,7 @@ void Zwierlijn::mntBestandOpslaan_Click() {
     if (!bestand.empty()) {
         onthoudMap(bestand);
         ops_->opslaan(bestand);
+        laatsteBestand_ = bestand;
     }
 }
 
@@ -186,10 +189,13 @@ bool Zwierlijn::klik(const std::string& naam) {
         {"mntBeeldKleuren", &Zwierlijn::mntBeeldKleuren_Click},
         {"mntExtraExporteren", &Zwierlijn::mntExtraExporteren_Click},
         {"mntExtraConstructie", &Zwierlijn::mntExtraConstructie_Click},
+        {"mntExtraVerbanden", &Zwierlijn::mntExtraVerbanden_Click},
+        {"mntExtraNummers", &Zwierlijn::mntExtraNummers_Click},
     };
     for (const auto& [item, handler] : handlers) {
         if (naam == item) {
             (this->*handler)();
+            meldStatus();
             return true;
         }
     }
@@ -238,6 +244,7 @@ void Zwierlijn::Tb_ButtonClick(const std::string& key) {
         if (key == "Mengfuncties") {
             knoppen_.zetVinkje(key, mengstat);
         }
+        meldStatus();
         return;
     }
 }

@@ -138,6 +138,7 @@ void Zwierlijn::Doek_Paint() {
     }
     plaats_knopenvenster();
     volgConstructie();
+    meldStatus();
 }
 
 // The leg from point i - 1 to point i.
