@@ -23,6 +23,7 @@
 #include "bench_editor.h"
 #include "headless_window.h"
 #include "platform/event_guard.h"
+#include "geometry/coordinaten.h"
 #include "platform/qimage_sink.h"
 #include "platform/scripted_dialogs.h"
 #include "platform/werk.h"
@@ -143,6 +144,24 @@ void BM_DoekAllesAanMetConstructie(benchmark::State& state) {
     }
 }
 
+// The pointer resting on one control point, then the next, with the links on and every view on:
+// each move lights something else, and the overlays are drawn again.
+void BM_Verbanden(benchmark::State& state) {
+    Editor e(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
+    e.allesAan();
+    e.w.klik("mntExtraVerbanden");
+    zw::Surface& doek = e.w.Doek();
+    const zw::ScaleMapper& m = doek.mapper();
+    int i = 0;
+    for (auto _ : state) {
+        const zw::Punt p = e.w.polygoon().punten(static_cast<float>(i++ % 8));
+        doek.deliverMouseMove(0, 0, m.toPixelX(p.X), m.toPixelY(p.Y));
+        for (zw::Surface* s : {&e.w.Doek(), &e.w.meng(), &e.w.Knopen()}) {
+            benchmark::DoNotOptimize(zw::imageOf(s->overlay()).constBits());
+        }
+    }
+}
+
 // `aantal` points strewn at random over the canvas (every leg and segment crosses much of it:
 // the most pixels), or along a winding path as refining a drawn curve leaves them.
 std::vector<std::pair<float, float>> groteKromme(std::int64_t aantal, bool pad) {
@@ -218,6 +237,7 @@ BENCHMARK(BM_ConstructieOverlay)->ArgsProduct({{64}, {2, 4, 8}})->Unit(benchmark
 BENCHMARK(BM_DoekAllesAanMetConstructie)
     ->ArgsProduct({{64}, {2, 4, 8}})
     ->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Verbanden)->ArgsProduct({{64}, {2, 4, 8}})->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_GroteKromme)
     ->Args({1000, 0})
     ->Args({1000, 1})

@@ -48,6 +48,7 @@ const char kGebruik[] =
     "  --niveau R              alleen de niveaus 0 tot en met R van de constructie\n"
     "  --labels                elk punt van de constructie met zijn blossom\n"
     "  --raaklijn              de raaklijn in het krommepunt\n"
+    "  --nummers               de nummers van de controlepunten\n"
     "  --passend               ingezoomd op de controlepunten, de kromme en de constructie,\n"
     "                          met een rand eromheen\n"
     "  --instellingen BESTAND  kleuren en straal uit dit instellingenbestand; zonder deze optie\n"
@@ -87,6 +88,7 @@ struct Opties {
     bool labels = false;
     bool raaklijn = false;
     bool passend = false;
+    bool nummers = false;
 };
 
 long geheel(const std::string& tekst, const std::string& optie) {
@@ -178,6 +180,8 @@ void leesOptie(const std::vector<std::string>& args, std::size_t& i, Opties& o) 
         o.raaklijn = true;
     } else if (a == "--passend") {
         o.passend = true;
+    } else if (a == "--nummers") {
+        o.nummers = true;
     } else if (a == "--instellingen") {
         o.instellingen = waarde(args, i);
     } else if (a == "--miniatuur") {
@@ -366,6 +370,9 @@ class Renderer {
         }
         if (o_.mengfuncties) {
             items.push_back("mntBeeldMengFuncties");
+        }
+        if (o_.nummers) {
+            items.push_back("mntExtraNummers");
         }
         if (o_.segmentenVan) {
             items.push_back("mntBeeldSegmentperControl");

@@ -8,6 +8,7 @@
 
 #include <optional>
 #include <string>
+#include <tuple>
 
 #include "geometry/coordinaten.h"
 #include "knots/knoop_vector.h"
@@ -112,6 +113,14 @@ inline bool speelAf(HeadlessEditor& w, ScriptedDialogs& dialogs, const std::stri
         });
     }
     guard.run([&] { constructie.invoegen(); });
+    // The links and the numbers: the pointer at rest on the canvas, the panes and off them.
+    guard.run([&] { w.klik("mntExtraVerbanden"); });
+    guard.run([&] { w.klik("mntExtraNummers"); });
+    for (const auto& [s, fx, fy] : {std::make_tuple(&doek, 0.375, 0.33), std::make_tuple(&doek, 0.5, 0.5),
+                                    std::make_tuple(&meng, 0.4, 0.6), std::make_tuple(&w.Knopen(), 0.5, 0.66)}) {
+        guard.run([&] { s->deliverMouseMove(0, 0, breed(*s, fx), hoog(*s, fy)); });
+    }
+    guard.run([&] { w.Knopen().deliverMouseLeave(); });
     for (const char* naam :
          {"mntBeeldZoomInzoemen", "mntBeeldZoomUitzoemen", "mntBewerkenUndo", "mntBewerkenRedo"}) {
         guard.run([&] { w.klik(naam); });
@@ -126,6 +135,7 @@ inline bool speelAf(HeadlessEditor& w, ScriptedDialogs& dialogs, const std::stri
         if (w.constructie().aan()) {
             w.klik("mntExtraConstructie");
         }
+        w.klik("mntExtraVerbanden");
     });
     // Any other button: every weight back to 1. Then "Nieuw" unloads the window and the toolbar
     // shows it again, which loads it anew with the weights it kept.

@@ -2,6 +2,8 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QCursor>
+#include <QToolTip>
 #include <QGuiApplication>
 #include <QKeySequence>
 #include <QLabel>
@@ -209,6 +211,14 @@ void ZwierlijnVenster::toonGewichten() {
 void ZwierlijnVenster::sluitGewichten() {
     if (gewichtenVenster_) {
         gewichtenVenster_->close();
+    }
+}
+
+void ZwierlijnVenster::toonTip(const std::string& tekst) {
+    if (tekst.empty()) {
+        QToolTip::hideText();
+    } else {
+        QToolTip::showText(QCursor::pos(), QString::fromStdString(tekst), this);
     }
 }
 

@@ -60,6 +60,7 @@ class ZwierlijnVenster : public QMainWindow, public Zwierlijn {
     void sluitGewichten() override;
     void toonConstructie(bool aan) override;
     void toonStatus(const std::string& regel) override;
+    void toonTip(const std::string& tekst) override;
     void sluitVenster() override;
 
     void closeEvent(QCloseEvent* event) override;

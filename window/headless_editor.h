@@ -26,6 +26,9 @@ class HeadlessEditor : public Zwierlijn {
     void start();
 
     float scaleWidth() const override { return scaleWidth_; }
+    // The tooltip a screen would show now, and the status bar's line.
+    void toonTip(const std::string& tekst) override { tip = tekst; }
+    std::string tip;
     float scaleHeight() const override { return scaleHeight_; }
     // A new size of the client area, as the user would drag the window's border.
     void resize(int breedte, int hoogte);

@@ -252,6 +252,68 @@ TEST(HeadlessEditor, TheConstructionIsDrawnOverTheCanvasAndInsertsItsParameter) 
     EXPECT_FALSE(c.aan() || w.menus().vinkje("mntExtraConstructie"));
 }
 
+// The links: off, a resting pointer does nothing; on, control point 3 lights its basis function,
+// its tick and its segments, a double knot (one dragged onto its neighbour) its two segments and
+// a tooltip; the pointer leaving clears all. The numbers write the knots' values and the
+// continuity; the status line follows the curve and the mode of a click.
+TEST(HeadlessEditor, TheLinksNumbersAndStatusFollowThePointerAndTheCurve) {
+    Editor e;
+    HeadlessEditor& w = e.w;
+    const float punten[7][2] = {{1500, 7000}, {3000, 2000}, {5000, 7500}, {7000, 1500},
+                                {9000, 7000}, {10000, 2500}, {11500, 7500}};
+    for (int i = 0; i < 7; ++i) {
+        w.Doek_MouseDown(1, 0, punten[i][0], punten[i][1]);
+        if (i == 3) {
+            w.klik("mntBewerkenKnopenZetOrde");
+        }
+    }
+    w.klik("mntBeeldKnopenVector");
+    w.klik("mntBeeldMengFuncties");
+    EXPECT_EQ(w.waarBenIk(), "orde 4 · 7 punten · 4 segmenten · uniform");
+    std::vector<Surface*> lagen{&w.Doek().overlay(), &w.meng().overlay(), &w.Knopen().overlay()};
+    for (Surface* s : lagen) {
+        s->setLogging(true);
+    }
+    const auto soorten = [&](Surface* s, DrawKind soort) {
+        return std::count_if(s->log().begin(), s->log().end(),
+                             [&](const DrawRecord& r) { return r.kind == soort; });
+    };
+    const ScaleMapper& m = w.Doek().mapper();
+    const auto rust = [&](Surface& s, double x, double y) {
+        s.deliverMouseMove(0, 0, s.mapper().toPixelX(x), s.mapper().toPixelY(y));
+    };
+    rust(w.Doek(), punten[3][0], punten[3][1]);
+    EXPECT_TRUE(lagen[0]->log().empty());
+    w.klik("mntExtraVerbanden");
+    rust(w.Doek(), punten[3][0] + 3 * (m.toScaleX(1) - m.toScaleX(0)), punten[3][1]);
+    EXPECT_GT(soorten(lagen[1], DrawKind::kLine), 20);  // its basis function, thick
+    EXPECT_EQ(lagen[1]->log().front().drawWidth, 3);
+    EXPECT_EQ(soorten(lagen[2], DrawKind::kLine), 1);  // its tick
+    EXPECT_GT(soorten(lagen[0], DrawKind::kLine), 50);  // its segments, tinted
+    w.Doek().deliverMouseLeave();
+    EXPECT_TRUE(lagen[0]->log().empty() && lagen[1]->log().empty());
+
+    // Knot 5 onto knot 4: value 1 twice, the curve C1 there.
+    Surface& knopen = w.Knopen();
+    w.Knopen_MouseDown(2, 0, static_cast<float>(w.knoopX(2)), w.hoogte);
+    w.Knopen_MouseUp(2, 0, static_cast<float>(w.knoopX(1)), w.hoogte);
+    EXPECT_EQ(w.waarBenIk(), "orde 4 · 7 punten · 4 segmenten · vrij");
+    rust(knopen, w.knoopX(1), w.hoogte);
+    EXPECT_NE(w.tip.find("multipliciteit 2"), std::string::npos) << w.tip;
+    EXPECT_NE(w.tip.find("C1"), std::string::npos) << w.tip;
+    w.klik("mntExtraNummers");
+    std::vector<std::string> teksten;
+    for (const DrawRecord& r : lagen[2]->log()) {
+        if (r.kind == DrawKind::kText) {
+            teksten.push_back(r.text);
+        }
+    }
+    EXPECT_NE(std::find(teksten.begin(), teksten.end(), "2x 1"), teksten.end());
+    EXPECT_EQ(std::count(teksten.begin(), teksten.end(), "C1"), 1);
+    w.Tb_ButtonClick("Spline");
+    EXPECT_NE(w.waarBenIk().find("· Spline Punt"), std::string::npos);
+}
+
 // With the weights window open the classic redraw draws every point in its colour once per
 // point, each pass followed by the leg to that point. The editor folds the passes; its picture
 // is theirs but on the discs' antialiased rims. Two discs overlap and legs run through discs. A
