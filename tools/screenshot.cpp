@@ -115,14 +115,29 @@ bool neemBeelden(zw::ZwierlijnVenster& w, const char* bezier, const char* kleuri
     return genomen;
 }
 
+// The numbers and the links on and the pointer resting on the knot pane's fourth knot
+// cluster: its segments tinted, its parameter in the blending pane.
+bool neemVerbanden(zw::ZwierlijnVenster& w, const char* bestand) {
+    for (const char* item : {"mntExtraNummers", "mntExtraVerbanden"}) {
+        w.menu(QString::fromLatin1(item))->trigger();
+    }
+    w.knop(QStringLiteral("Mengfuncties"))->trigger();
+    QApplication::processEvents();
+    const zw::ScaleMapper schaal = w.Knopen().mapper();
+    w.Knopen().deliverMouseMove(0, 0, schaal.toPixelX(w.knoopX(w.vec().knoop(5.0f))),
+                                schaal.toPixelY(w.hoogte));
+    QApplication::processEvents();
+    return w.grab().save(QString::fromLocal8Bit(bestand));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     QApplication qtApp(argc, argv);
-    if (argc < 2 || argc > 6 || argc == 5) {
+    if (argc < 2 || argc > 7 || argc == 5) {
         std::fprintf(stderr,
                      "usage: screenshot <editor.png> [<weights.png> [<blending.png> "
-                     "[<bezier.png> <colouring.png>]]]\n");
+                     "[<bezier.png> <colouring.png> [<links.png>]]]]\n");
         return 2;
     }
     QTemporaryDir dir;
@@ -141,12 +156,16 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "screenshot: cannot write %s\n", argv[3]);
         return 1;
     }
-    if (argc == 6 && !neemBeelden(w, argv[4], argv[5])) {
+    if (argc >= 6 && !neemBeelden(w, argv[4], argv[5])) {
         std::fprintf(stderr, "screenshot: cannot write %s or %s\n", argv[4], argv[5]);
         return 1;
     }
     if (argc >= 3 && !neemGewichten(w, argv[2])) {
         std::fprintf(stderr, "screenshot: cannot write %s\n", argv[2]);
+        return 1;
+    }
+    if (argc == 7 && !neemVerbanden(w, argv[6])) {
+        std::fprintf(stderr, "screenshot: cannot write %s\n", argv[6]);
         return 1;
     }
     return 0;
