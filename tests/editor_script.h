@@ -121,6 +121,9 @@ inline bool speelAf(HeadlessEditor& w, ScriptedDialogs& dialogs, const std::stri
         guard.run([&] { s->deliverMouseMove(0, 0, breed(*s, fx), hoog(*s, fy)); });
     }
     guard.run([&] { w.Knopen().deliverMouseLeave(); });
+    for (const char* naam : {"mntExtraHandleiding", "mntExtraOver"}) {
+        guard.run([&] { w.klik(naam); });
+    }
     for (const char* naam :
          {"mntBeeldZoomInzoemen", "mntBeeldZoomUitzoemen", "mntBewerkenUndo", "mntBewerkenRedo"}) {
         guard.run([&] { w.klik(naam); });

@@ -69,6 +69,9 @@ const MenuEntry kTree[] = {
     {"mntExtraConstructie", "&Constructie", 1, true},
     {"mntExtraVerbanden", "&Verbanden", 1, true},
     {"mntExtraNummers", "&Nummers", 1, true},
+    {"mntExtraLijn", "-", 1, false},
+    {"mntExtraHandleiding", "&Handleiding", 1, false},
+    {"mntExtraOver", "&Over Zwierlijn", 1, false},
 };
 
 }  // namespace

@@ -18,6 +18,7 @@
 #include "platform/runtime_error.h"
 #include "ui/constructie_venster.h"
 #include "ui/gewichten_venster.h"
+#include "ui/handleiding_venster.h"
 #include "ui/kleurtjes.h"
 #include "ui/menus.h"
 #include "ui/surface_widget.h"
@@ -135,6 +136,7 @@ void ZwierlijnVenster::zetSneltoetsen() {
         {"mntBeeldZoomUitzoemen", {QKeySequence(Qt::CTRL | Qt::Key_Minus)}},
         {"mntBeeldZoomNormaal", {QKeySequence(Qt::CTRL | Qt::Key_0)}},
         {"mntExtraConstructie", {QKeySequence(Qt::CTRL | Qt::Key_T)}},
+        {"mntExtraHandleiding", {QKeySequence(Qt::Key_F1)}},
     };
     for (const auto& [naam, toetsen] : sneltoetsen) {
         menu(QString::fromLatin1(naam))->setShortcuts(toetsen);
@@ -212,6 +214,17 @@ void ZwierlijnVenster::sluitGewichten() {
     if (gewichtenVenster_) {
         gewichtenVenster_->close();
     }
+}
+
+// A manual that was closed opens again on its first page.
+void ZwierlijnVenster::toonHandleiding() {
+    if (!handleiding_) {
+        handleiding_ = std::make_unique<HandleidingVenster>(*this);
+    }
+    if (handleiding_->isHidden()) {
+        handleiding_->open(QStringLiteral("eerste-kromme.html"));
+    }
+    dialogs().show(*handleiding_, false);
 }
 
 void ZwierlijnVenster::toonTip(const std::string& tekst) {

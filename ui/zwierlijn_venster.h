@@ -21,6 +21,7 @@ namespace zw {
 
 class ConstructieVenster;
 class GewichtenVenster;
+class HandleidingVenster;
 class Kleurtjes;
 class Menus;
 class SurfaceWidget;
@@ -61,6 +62,7 @@ class ZwierlijnVenster : public QMainWindow, public Zwierlijn {
     void toonConstructie(bool aan) override;
     void toonStatus(const std::string& regel) override;
     void toonTip(const std::string& tekst) override;
+    void toonHandleiding() override;
     void sluitVenster() override;
 
     void closeEvent(QCloseEvent* event) override;
@@ -75,6 +77,7 @@ class ZwierlijnVenster : public QMainWindow, public Zwierlijn {
     std::unique_ptr<Kleurtjes> kleurtjes_;
     std::unique_ptr<GewichtenVenster> gewichtenVenster_;
     std::unique_ptr<ConstructieVenster> constructieVenster_;
+    std::unique_ptr<HandleidingVenster> handleiding_;
     bool sluitend_ = false;
 
     QWidget* formulier_ = nullptr;

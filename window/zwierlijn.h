@@ -63,6 +63,8 @@ class Zwierlijn : public MainWindow {
     double knoopX(double u) const;
     // A tooltip at the pointer, or none for an empty text; a host without a screen has none.
     virtual void toonTip(const std::string& tekst) { (void)tekst; }
+    // Shows the manual; a host without a screen has none.
+    virtual void toonHandleiding() {}
     const std::string& programDirectory() const { return programDirectory_; }
 
     // The menu items by name ("mntBeeldBezier") and the toolbar buttons by key ("Mengfuncties"):
@@ -124,6 +126,11 @@ class Zwierlijn : public MainWindow {
     void mntExtraVerbanden_Click();
     // The control points' numbers, the knots' values and the continuity at them.
     void mntExtraNummers_Click();
+    // The manual, in a window of its own (F1).
+    void mntExtraHandleiding_Click();
+    // The version, the licence, and where the program directory and the settings file are.
+    void mntExtraOver_Click();
+    std::string overTekst() const;
     // The menu item of a name, as a click on it; false for a name that has no handler.
     bool klik(const std::string& naam);
     // The toolbar's click, by the clicked button's key.

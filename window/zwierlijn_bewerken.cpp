@@ -69,6 +69,24 @@ void Zwierlijn::onthoudMap(const std::string& bestand) {
     laatsteMap_ = directoryOf(bestand);
 }
 
+void Zwierlijn::mntExtraHandleiding_Click() {
+    toonHandleiding();
+}
+
+void Zwierlijn::mntExtraOver_Click() {
+    dialogs_.message(overTekst(), "Over Zwierlijn");
+}
+
+// Installed, the launcher gives each user a program directory of their own, in their home; the
+// settings file lies in it.
+std::string Zwierlijn::overTekst() const {
+    return std::string("Zwierlijn ") + ZW_VERSIE +
+           "\nEen editor voor vlakke B-spline-krommen, voor het onderwijs.\n\n"
+           "Licentie: alle rechten voorbehouden, De ontwikkelaars van Zwierlijn.\n\n"
+           "Programmamap: " + programDirectory_ + "\nInstellingenbestand: " +
+           programDirectory_ + "/zwierlijn";
+}
+
 void Zwierlijn::mntBestandExit_Click() {
     sluit_af();
 }
@@ -191,6 +209,8 @@ bool Zwierlijn::klik(const std::string& naam) {
         {"mntExtraConstructie", &Zwierlijn::mntExtraConstructie_Click},
         {"mntExtraVerbanden", &Zwierlijn::mntExtraVerbanden_Click},
         {"mntExtraNummers", &Zwierlijn::mntExtraNummers_Click},
+        {"mntExtraHandleiding", &Zwierlijn::mntExtraHandleiding_Click},
+        {"mntExtraOver", &Zwierlijn::mntExtraOver_Click},
     };
     for (const auto& [item, handler] : handlers) {
         if (naam == item) {

@@ -76,6 +76,11 @@ bureaublad() {
     [ -z "$(desktop-file-validate "$desktop" 2>&1)" ] || fail "$(desktop-file-validate "$desktop")"
     [ -x "$1/bin/$(sed -n 's/^Exec=//p' "$desktop")" ] || fail "Exec niet geïnstalleerd"
     xmllint --noout "$share/icons/hicolor/scalable/apps/$(sed -n 's/^Icon=//p' "$desktop").svg"
+    local info=$share/metainfo/nl.zwierlijn.zwierlijn.metainfo.xml
+    appstreamcli validate --pedantic --no-net "$info" >"$t/appstream" 2>&1 ||
+        fail "appstreamcli: $(cat "$t/appstream")"
+    grep -q "<launchable type=\"desktop-id\">zwierlijn.desktop</launchable>" "$info" ||
+        fail "de metainfo wijst niet naar zwierlijn.desktop"
 
     # Debian ships no schema of shared-mime-info: its own compiler reads the file as the desktop
     # will, and says nothing when all is well.

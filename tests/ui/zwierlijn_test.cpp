@@ -4,6 +4,8 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QProcess>
+#include <QRegularExpression>
+#include <QTextBrowser>
 #include <QPushButton>
 #include <QSlider>
 #include <sstream>
@@ -13,6 +15,7 @@
 #include "platform/files.h"
 #include "platform/qimage_sink.h"
 #include "spline/blossom_functie.h"
+#include "ui/handleiding_venster.h"
 #include "ui/kleurtjes.h"
 #include "window/constructie_beeld.h"
 
@@ -436,6 +439,37 @@ TEST_F(EditorTest, TheConstructionsWindowStepsMovesAndClosesTheView) {
     venster->close();
     QCoreApplication::processEvents();
     EXPECT_FALSE(c.aan() || item->isChecked());
+}
+
+// F1 opens the manual on its first page, from the menu as well; every page the manual links is
+// there and every picture it names loads. "Over Zwierlijn" names the directory the editor runs
+// from and its settings file.
+TEST_F(EditorTest, TheManualOpensOnItsFirstPageAndHoldsEveryPageAndPictureItNames) {
+    QAction* item = w->menu(QStringLiteral("mntExtraHandleiding"));
+    EXPECT_EQ(item->shortcut(), QKeySequence(Qt::Key_F1));
+    item->trigger();
+    auto* handleiding =
+        dynamic_cast<HandleidingVenster*>(w->findChild<QWidget*>(QStringLiteral("Handleiding")));
+    ASSERT_NE(handleiding, nullptr);
+    EXPECT_EQ(dialogs.shown().back().window, "Handleiding");
+    EXPECT_EQ(handleiding->browser().source().fileName(), QStringLiteral("eerste-kromme.html"));
+    EXPECT_GT(handleiding->paginas().size(), 8);
+    const QRegularExpression verwijzing(QStringLiteral("(href|src)=\"([^\"#:]+)"));
+    for (const QString& pagina : QDir(HandleidingVenster::kMap).entryList({"*.html"})) {
+        QFile bestand(HandleidingVenster::kMap + pagina);
+        ASSERT_TRUE(bestand.open(QIODevice::ReadOnly)) << pagina.toStdString();
+        const QString html = QString::fromUtf8(bestand.readAll());
+        for (auto m = verwijzing.globalMatch(html); m.hasNext();) {
+            const auto gevonden = m.next();
+            const QString doel = HandleidingVenster::kMap + gevonden.captured(2);
+            SCOPED_TRACE((pagina + " -> " + gevonden.captured(2)).toStdString());
+            EXPECT_TRUE(gevonden.captured(1) == "href" ? QFile::exists(doel) : !QImage(doel).isNull());
+        }
+    }
+    w->menu(QStringLiteral("mntExtraOver"))->trigger();
+    const std::string over = dialogs.messages().back().text;
+    EXPECT_NE(over.find("Programmamap: " + dir.path()), std::string::npos) << over;
+    EXPECT_NE(over.find(dir.path() + "/zwierlijn"), std::string::npos) << over;
 }
 
 }  // namespace
