@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/colour.h"
 
@@ -28,6 +29,22 @@ struct FileDialogRequest {
     std::string directory;
 };
 
+// A whole number in a range and one of a few options, as a small form asks for them.
+struct KeuzeVraag {
+    std::string title;
+    std::string getalLabel;
+    int minimum = 0;
+    int maximum = 0;
+    int getal = 0;
+    std::string keuzeLabel;
+    std::vector<std::string> keuzes;
+    int keuze = 0;
+};
+struct Keuze {
+    int getal = 0;
+    int keuze = 0;
+};
+
 class Dialogs {
   public:
     virtual ~Dialogs() = default;
@@ -39,6 +56,8 @@ class Dialogs {
     virtual std::string saveFileName(const FileDialogRequest& request) = 0;
     // The chosen colour, or nothing when the user cancels.
     virtual std::optional<Colour> chooseColour(Colour initial) = 0;
+    // The number and the option chosen, or nothing when the user cancels.
+    virtual std::optional<Keuze> kies(const KeuzeVraag& vraag) = 0;
     // Shows a window; a modal show returns only when the window has been closed.
     virtual void show(ShowableWindow& window, bool modal) = 0;
 };

@@ -35,6 +35,15 @@ std::optional<Colour> ScriptedDialogs::chooseColour(Colour /*initial*/) {
     return colour;
 }
 
+std::optional<Keuze> ScriptedDialogs::kies(const KeuzeVraag& /*vraag*/) {
+    if (keuzes_.empty()) {
+        return std::nullopt;
+    }
+    const std::optional<Keuze> keuze = keuzes_.front();
+    keuzes_.pop_front();
+    return keuze;
+}
+
 void ScriptedDialogs::show(ShowableWindow& window, bool modal) {
     shown_.push_back({window.windowName(), modal});
     if (modal && modalAction_) {

@@ -31,6 +31,8 @@ class ScriptedDialogs : public Dialogs {
     // colour dialog.
     void queueFileName(std::string name) { fileNames_.push_back(std::move(name)); }
     void queueColour(std::optional<Colour> colour) { colours_.push_back(colour); }
+    // Nothing queued cancels.
+    void queueKeuze(std::optional<Keuze> keuze) { keuzes_.push_back(keuze); }
     // Called while a window is shown modally, standing in for what the user does there before
     // closing it.
     void onModal(std::function<void(ShowableWindow&)> action) { modalAction_ = std::move(action); }
@@ -44,6 +46,7 @@ class ScriptedDialogs : public Dialogs {
     std::string openFileName(const FileDialogRequest& request) override;
     std::string saveFileName(const FileDialogRequest& request) override;
     std::optional<Colour> chooseColour(Colour initial) override;
+    std::optional<Keuze> kies(const KeuzeVraag& vraag) override;
     void show(ShowableWindow& window, bool modal) override;
 
   private:
@@ -51,6 +54,7 @@ class ScriptedDialogs : public Dialogs {
 
     std::deque<std::string> fileNames_;
     std::deque<std::optional<Colour>> colours_;
+    std::deque<std::optional<Keuze>> keuzes_;
     std::function<void(ShowableWindow&)> modalAction_;
     std::vector<Message> messages_;
     std::vector<FileRequest> fileRequests_;

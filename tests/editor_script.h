@@ -124,6 +124,12 @@ inline bool speelAf(HeadlessEditor& w, ScriptedDialogs& dialogs, const std::stri
     for (const char* naam : {"mntExtraHandleiding", "mntExtraOver"}) {
         guard.run([&] { w.klik(naam); });
     }
+    // The order chosen (a cubic, open uniform) and raised once.
+    guard.run([&] {
+        dialogs.queueKeuze(Keuze{4, 1});
+        w.klik("mntExtraOrdeKiezen");
+    });
+    guard.run([&] { w.klik("mntExtraGraadVerhogen"); });
     for (const char* naam :
          {"mntBeeldZoomInzoemen", "mntBeeldZoomUitzoemen", "mntBewerkenUndo", "mntBewerkenRedo"}) {
         guard.run([&] { w.klik(naam); });

@@ -4,6 +4,11 @@
 
 #include <QApplication>
 #include <QColorDialog>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QPushButton>
+#include <QSpinBox>
 #include <QEvent>
 #include <QEventLoop>
 #include <QFileDialog>
@@ -203,6 +208,32 @@ std::optional<Colour> QtDialogs::chooseColour(Colour initial) {
         return std::nullopt;
     }
     return fromQColor(dialog.selectedColor());
+}
+
+std::optional<Keuze> QtDialogs::kies(const KeuzeVraag& vraag) {
+    QDialog dialog(dialogParent());
+    dialog.setWindowTitle(QString::fromStdString(vraag.title));
+    auto* getal = new QSpinBox(&dialog);
+    getal->setRange(vraag.minimum, vraag.maximum);
+    getal->setValue(vraag.getal);
+    auto* keuze = new QComboBox(&dialog);
+    for (const std::string& k : vraag.keuzes) {
+        keuze->addItem(QString::fromStdString(k));
+    }
+    keuze->setCurrentIndex(vraag.keuze);
+    auto* knoppen = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);
+    knoppen->button(QDialogButtonBox::Ok)->setText(QStringLiteral("OK"));
+    knoppen->button(QDialogButtonBox::Cancel)->setText(QStringLiteral("Annuleren"));
+    QObject::connect(knoppen, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+    QObject::connect(knoppen, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    auto* vorm = new QFormLayout(&dialog);
+    vorm->addRow(QString::fromStdString(vraag.getalLabel), getal);
+    vorm->addRow(QString::fromStdString(vraag.keuzeLabel), keuze);
+    vorm->addRow(knoppen);
+    if (dialog.exec() != QDialog::Accepted) {
+        return std::nullopt;
+    }
+    return Keuze{getal->value(), keuze->currentIndex()};
 }
 
 void QtDialogs::show(ShowableWindow& window, bool modal) {

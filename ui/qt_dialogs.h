@@ -33,6 +33,7 @@ class QtDialogs : public Dialogs {
     std::string openFileName(const FileDialogRequest& request) override;
     std::string saveFileName(const FileDialogRequest& request) override;
     std::optional<Colour> chooseColour(Colour initial) override;
+    std::optional<Keuze> kies(const KeuzeVraag& vraag) override;
     // The window must be a QWidget. A modal show makes it application modal and returns once it
     // has been hidden, closed or destroyed.
     void show(ShowableWindow& window, bool modal) override;

@@ -130,6 +130,11 @@ class Zwierlijn : public MainWindow {
     void mntExtraHandleiding_Click();
     // The version, the licence, and where the program directory and the settings file are.
     void mntExtraOver_Click();
+    // A small form: the polygon's order and its knots' form (window/zwierlijn_orde.cpp).
+    void mntExtraOrdeKiezen_Click();
+    void zetOrde(int k, bool openUniform);
+    // Order k to k + 1, the same curve.
+    void mntExtraGraadVerhogen_Click();
     std::string overTekst() const;
     // The menu item of a name, as a click on it; false for a name that has no handler.
     bool klik(const std::string& naam);

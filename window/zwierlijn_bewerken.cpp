@@ -211,6 +211,8 @@ bool Zwierlijn::klik(const std::string& naam) {
         {"mntExtraNummers", &Zwierlijn::mntExtraNummers_Click},
         {"mntExtraHandleiding", &Zwierlijn::mntExtraHandleiding_Click},
         {"mntExtraOver", &Zwierlijn::mntExtraOver_Click},
+        {"mntExtraOrdeKiezen", &Zwierlijn::mntExtraOrdeKiezen_Click},
+        {"mntExtraGraadVerhogen", &Zwierlijn::mntExtraGraadVerhogen_Click},
     };
     for (const auto& [item, handler] : handlers) {
         if (naam == item) {
@@ -306,6 +308,8 @@ void Zwierlijn::zet_menus() {
     menus_.zetAan("mntBewerkenRedo", v != m);
     // The construction needs a segment: an order, and at least as many points.
     menus_.zetAan("mntExtraConstructie", k > 0.0f && addSingle(n, 1.0f) >= k);
+    menus_.zetAan("mntExtraOrdeKiezen", n >= 1.0f);
+    menus_.zetAan("mntExtraGraadVerhogen", k > 0.0f && k < 16.0f && addSingle(n, 1.0f) >= k);
     // The segment count must be 2 ... 64 exactly: log2 of it compared as computed.
     const double s = divide(logarithm(addSingle(addSingle(n, 2.0f), -k)), std::log(2.0));
     menus_.zetAan(wavelet, s == 1.0 || s == 2.0 || s == 3.0 || s == 4.0 || s == 5.0 || s == 6.0);

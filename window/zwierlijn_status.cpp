@@ -54,7 +54,7 @@ std::string Zwierlijn::knopenvorm() const {
 
 std::string Zwierlijn::waarBenIk() const {
     const double k = polygon_->orde, n = polygon_->graad + 1.0;
-    const bool getallen = k >= 0.0 && k <= 1e8 && n >= 0.0 && n <= 1e8;
+    const bool getallen = k <= 1e8 && n >= 0.0 && n <= 1e8;
     if (!getallen) {
         return "";
     }
@@ -63,7 +63,13 @@ std::string Zwierlijn::waarBenIk() const {
     std::string regel = k >= 1.0 ? "orde " + std::to_string(static_cast<long>(k)) : "geen orde";
     regel += " · " + aantal(static_cast<long>(n), "punt", "punten");
     if (kromme) {
-        regel += " · " + aantal(static_cast<long>(n - k + 1.0), "segment", "segmenten");
+        // Pieces of the curve: knot intervals of the real range that have a length.
+        long stukken = 0;
+        for (float i = static_cast<float>(k) - 1.0f; i + 1.0f <= static_cast<float>(n); i += 1.0f) {
+            werk(10);
+            stukken += vec_->knoop(i + 1.0f) - vec_->knoop(i) >= kSamen ? 1 : 0;
+        }
+        regel += " · " + aantal(stukken, "segment", "segmenten");
         regel += " · " + knopenvorm();
     }
     if (segment) {

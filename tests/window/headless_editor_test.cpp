@@ -297,7 +297,7 @@ TEST(HeadlessEditor, TheLinksNumbersAndStatusFollowThePointerAndTheCurve) {
     Surface& knopen = w.Knopen();
     w.Knopen_MouseDown(2, 0, static_cast<float>(w.knoopX(2)), w.hoogte);
     w.Knopen_MouseUp(2, 0, static_cast<float>(w.knoopX(1)), w.hoogte);
-    EXPECT_EQ(w.waarBenIk(), "orde 4 · 7 punten · 4 segmenten · vrij");
+    EXPECT_EQ(w.waarBenIk(), "orde 4 · 7 punten · 3 segmenten · vrij");  // one interval empty
     rust(knopen, w.knoopX(1), w.hoogte);
     EXPECT_NE(w.tip.find("multipliciteit 2"), std::string::npos) << w.tip;
     EXPECT_NE(w.tip.find("C1"), std::string::npos) << w.tip;
@@ -312,6 +312,38 @@ TEST(HeadlessEditor, TheLinksNumbersAndStatusFollowThePointerAndTheCurve) {
     EXPECT_EQ(std::count(teksten.begin(), teksten.end(), "C1"), 1);
     w.Tb_ButtonClick("Spline");
     EXPECT_NE(w.waarBenIk().find("· Spline Punt"), std::string::npos);
+}
+
+// Eight points, "Orde kiezen..." 4 with open-uniform knots: a clamped cubic of five segments in
+// one version; "Graad verhogen": a quartic of 13 points whose curve is the cubic's within half a
+// unit; Undo twice: the eight points without a curve.
+TEST(HeadlessEditor, AChosenOrderAndARaisedDegreeKeepThePolygonAndTheCurve) {
+    Editor e;
+    HeadlessEditor& w = e.w;
+    for (int i = 0; i < 8; ++i) {
+        w.Doek_MouseDown(1, 0, 1000.0f + 1300.0f * i, i % 2 == 0 ? 2000.0f : 7000.0f);
+    }
+    const float versie = w.ops().versie;
+    e.dialogs.queueKeuze(Keuze{4, 1});
+    w.klik("mntExtraOrdeKiezen");
+    EXPECT_EQ(w.waarBenIk(), "orde 4 · 8 punten · 5 segmenten · open uniform");
+    EXPECT_EQ(w.ops().versie, versie + 1);
+    const ConstructieKromme kubisch = *w.constructie().kromme();
+    const Bereik bereik = *echt_bereik(kubisch);
+    w.klik("mntExtraGraadVerhogen");
+    EXPECT_EQ(w.waarBenIk(), "orde 5 · 13 punten · 5 segmenten · vrij");
+    const ConstructieKromme kwartisch = *w.constructie().kromme();
+    EXPECT_EQ(echt_bereik(kwartisch)->begin, bereik.begin);
+    EXPECT_EQ(echt_bereik(kwartisch)->eind, bereik.eind);
+    for (int i = 0; i <= 200; ++i) {
+        const double t = bereik.begin + (bereik.eind - bereik.begin) * i / 200;
+        const Punt a = bouw_constructie(kubisch, t)->krommepunt;
+        const Punt b = bouw_constructie(kwartisch, t)->krommepunt;
+        ASSERT_LE(std::hypot(a.X - b.X, a.Y - b.Y), 0.5) << t;
+    }
+    w.klik("mntBewerkenUndo");
+    w.klik("mntBewerkenUndo");
+    EXPECT_EQ(w.waarBenIk(), "geen orde · 8 punten");
 }
 
 // With the weights window open the classic redraw draws every point in its colour once per
