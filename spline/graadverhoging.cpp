@@ -101,8 +101,9 @@ std::optional<Verhoogd> verhoog_graad(const std::vector<double>& knopen,
             }
         }
         const double w = som[2];
-        uit.punten.emplace_back(static_cast<float>(w != 0.0 ? som[0] / w : 0.0),
-                                static_cast<float>(w != 0.0 ? som[1] / w : 0.0));
+        uit.x.push_back(w != 0.0 ? som[0] / w : 0.0);
+        uit.y.push_back(w != 0.0 ? som[1] / w : 0.0);
+        uit.punten.emplace_back(static_cast<float>(uit.x.back()), static_cast<float>(uit.y.back()));
         uit.gewichten.push_back(w);
     }
     return uit;

@@ -14,7 +14,8 @@ namespace zw {
 
 struct Verhoogd {
     std::vector<double> knopen;
-    std::vector<Punt> punten;
+    std::vector<Punt> punten;  // as the polygon keeps them: Singles
+    std::vector<double> x, y;  // the same in full precision
     std::vector<double> gewichten;  // one per point
     int orde = 0;
 };
