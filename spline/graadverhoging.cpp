@@ -18,18 +18,34 @@ constexpr int kHoogsteOrde = 16;
 
 using Homogeen = std::array<double, 3>;  // (x w, y w, w)
 
-// The real range's knots, each cluster (successive knots closer than kSamen) followed by one more
-// knot of its last value; the virtual knots as they were.
+// The editor keeps knots that would coincide a millionth apart (its blossom tells runs of equal
+// knots apart by their values).
+constexpr double kAfstand = 1e-6;
+
+// The real range's knots, each cluster (successive knots closer than kSamen) with one more knot of
+// its value; the virtual knots as they were. The first cluster's new knot goes before it and the
+// others' after them, and knots that would coincide are moved a millionth apart, outwards from
+// the range's ends, so that the range keeps its ends exactly.
 std::vector<double> nieuweKnopen(const std::vector<double>& u, std::size_t k) {
     const std::size_t a = k - 1, b = u.size() - k;
     std::vector<double> v(u.begin(), u.begin() + static_cast<std::ptrdiff_t>(a));
+    v.push_back(u[a]);  // the first cluster's new knot, before it
+    bool eerste = true;  // still in the first cluster, which has its new knot
     for (std::size_t i = a; i <= b; ++i) {
+        eerste = eerste && (i == a || std::fabs(u[i] - u[i - 1]) < kSamen);
         v.push_back(u[i]);
-        if (i == b || !(std::fabs(u[i + 1] - u[i]) < kSamen)) {
+        if (!eerste && (i == b || !(std::fabs(u[i + 1] - u[i]) < kSamen))) {
             v.push_back(u[i]);
         }
     }
     v.insert(v.end(), u.begin() + static_cast<std::ptrdiff_t>(b + 1), u.end());
+    // From the range's start (index k in the new vector) down, and from there up.
+    for (std::size_t i = k; i > 0; --i) {
+        v[i - 1] = std::min(v[i - 1], v[i] - kAfstand);
+    }
+    for (std::size_t i = k + 1; i < v.size(); ++i) {
+        v[i] = std::max(v[i], v[i - 1] + kAfstand);
+    }
     return v;
 }
 

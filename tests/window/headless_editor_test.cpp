@@ -330,8 +330,13 @@ TEST(HeadlessEditor, AChosenOrderAndARaisedDegreeKeepThePolygonAndTheCurve) {
     EXPECT_EQ(w.ops().versie, versie + 1);
     const ConstructieKromme kubisch = *w.constructie().kromme();
     const Bereik bereik = *echt_bereik(kubisch);
+    w.Doek().setLogging(true);
     w.klik("mntExtraGraadVerhogen");
     EXPECT_EQ(w.waarBenIk(), "orde 5 · 13 punten · 5 segmenten · vrij");
+    for (const DrawRecord& r : recordsOf(w.Doek(), DrawKind::kLine, w.krommekleur)) {
+        ASSERT_TRUE(std::max({r.x1, r.x2}) < 11000 && std::min({r.y1, r.y2}) > 1000 &&
+                    std::max({r.y1, r.y2}) < 8000);  // drawn inside the polygon's box
+    }
     const ConstructieKromme kwartisch = *w.constructie().kromme();
     EXPECT_EQ(echt_bereik(kwartisch)->begin, bereik.begin);
     EXPECT_EQ(echt_bereik(kwartisch)->eind, bereik.eind);
