@@ -41,6 +41,16 @@ Getallenlijn getallenlijn(const MainWindow& window, double eerste, double laatst
 
 }  // namespace
 
+double KnoopVector::paneelX(double u) const {
+    const float L = knopenlengte;
+    const double eerste = L >= 2.0f ? knoop(0.0f) : 0.0;
+    const double laatste = L >= 2.0f ? knoop(addSingle(L, -1.0f)) : 0.0;
+    if (!(laatste > eerste) || !std::isfinite(u)) {
+        return divideSingle(window_.breedtestap, 2.0f);
+    }
+    return getallenlijn(window_, eerste, laatste).x(u);
+}
+
 void KnoopVector::teken_lijn() {
     Surface& pane = window_.Knopen();
     pane.cls();

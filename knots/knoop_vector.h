@@ -42,6 +42,9 @@ class KnoopVector {
     // 0 when t lies above the first knot, -1 otherwise. Nothing calls it.
     float zoekindex(double t) const;
     double knoop(float index) const;
+    // The knot pane's x of the value u, on the number line of the whole knot range; the line's
+    // start when the range has no length.
+    double paneelX(double u) const;
     void dimensioneer_knopenvector(double lengte);
     // Inserts t in sorted place; a value equal to a knot goes 1e-6 above it, and so does t.
     void voeg_knooppunt_toe(double& t);

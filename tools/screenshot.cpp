@@ -124,7 +124,7 @@ bool neemVerbanden(zw::ZwierlijnVenster& w, const char* bestand) {
     w.knop(QStringLiteral("Mengfuncties"))->trigger();
     QApplication::processEvents();
     const zw::ScaleMapper schaal = w.Knopen().mapper();
-    w.Knopen().deliverMouseMove(0, 0, schaal.toPixelX(w.knoopX(w.vec().knoop(5.0f))),
+    w.Knopen().deliverMouseMove(0, 0, schaal.toPixelX(w.vec().paneelX(w.vec().knoop(5.0f))),
                                 schaal.toPixelY(w.hoogte));
     QApplication::processEvents();
     return w.grab().save(QString::fromLocal8Bit(bestand));

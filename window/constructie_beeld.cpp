@@ -240,9 +240,7 @@ void ConstructieBeeld::tekenKnopen(const ConstructieKromme& kromme) {
         return;
     }
     Surface& knopen = venster_.Knopen().overlay();
-    const double begin = venster_.breedtestap / 2.0;
-    const double x = begin + (t_ - kromme.knopen.front()) * venster_.vectorlengte /
-                                 (kromme.knopen.back() - kromme.knopen.front());
+    const double x = venster_.vec().paneelX(t_);
     const double h = venster_.hoogte;
     knopen.setDrawWidth(2);
     knopen.line(x, h * 1.15, x, h * 1.6, kPuntkleur);

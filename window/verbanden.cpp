@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "geometry/coordinaten.h"
+#include "knots/knoop_vector.h"
 #include "platform/draw_log.h"
 #include "platform/surface.h"
 #include "platform/werk.h"
@@ -155,7 +156,7 @@ void Verbanden::opKnopen(float X, float Y) {
     Keuze beste;
     double dichtst = kBijna;
     for (std::size_t c = 0; c < clusters.size(); ++c) {
-        const double d = pixelAfstand(venster_.Knopen(), venster_.knoopX(clusters[c].waarde),
+        const double d = pixelAfstand(venster_.Knopen(), venster_.vec().paneelX(clusters[c].waarde),
                                       venster_.hoogte, X, Y);
         if (d <= dichtst) {
             dichtst = d;
@@ -221,7 +222,7 @@ void Verbanden::tekenPunt(const ConstructieKromme& k, int i) {
         for (int j = i + 1; j < i + orde(k); ++j) {
             som += u(k, j);
         }
-        const double x = venster_.knoopX(som / (orde(k) - 1));
+        const double x = venster_.vec().paneelX(som / (orde(k) - 1));
         Surface& laag = venster_.Knopen().overlay();
         laag.setDrawWidth(3);
         laag.line(x, 0, x, venster_.hoogte * 0.7, kMerk);
@@ -341,7 +342,7 @@ void Verbanden::mengStreep(const ConstructieKromme& k, double waarde) {
 void Verbanden::knopenStreep(const ConstructieKromme&, double van, double tot) {
     Surface& laag = venster_.Knopen().overlay();
     laag.setDrawWidth(6);
-    laag.line(venster_.knoopX(van), venster_.hoogte, venster_.knoopX(tot), venster_.hoogte,
+    laag.line(venster_.vec().paneelX(van), venster_.hoogte, venster_.vec().paneelX(tot), venster_.hoogte,
               kMerk);
     laag.setDrawWidth(1);
 }

@@ -59,8 +59,6 @@ class Zwierlijn : public MainWindow {
     Verbanden& verbanden() { return *verbanden_; }
     // The overlays drawn again: the construction, the numbers, what the pointer lights up.
     void tekenLagen();
-    // The knot pane's x of a knot value.
-    double knoopX(double u) const;
     // A tooltip at the pointer, or none for an empty text; a host without a screen has none.
     virtual void toonTip(const std::string& tekst) { (void)tekst; }
     // Shows the manual; a host without a screen has none.

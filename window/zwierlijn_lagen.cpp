@@ -47,16 +47,6 @@ void Zwierlijn::tekenLagen() {
     verbanden_->teken();
 }
 
-double Zwierlijn::knoopX(double u) const {
-    const float L = vec_->knopenlengte;
-    if (L < 2.0f) {
-        return breedtestap / 2.0;
-    }
-    const double eerste = vec_->knoop(0.0f), laatste = vec_->knoop(L - 1.0f);
-    const double breed = laatste - eerste;
-    return breedtestap / 2.0 + (breed > 0.0 ? (u - eerste) * vectorlengte / breed : 0.0);
-}
-
 // Every control point's number beside it; under each knot cluster its value and multiplicity,
 // above each interior one the continuity there. Where labels would meet, every second (or third,
 // ...) is written.
@@ -79,7 +69,7 @@ void Zwierlijn::tekenNummers() {
     std::vector<double> x;
     for (const KnoopCluster& c : clusters) {
         onder.push_back(cluster_tekst(c));
-        x.push_back(knopen_.mapper().toPixelX(knoopX(c.waarde)));
+        x.push_back(knopen_.mapper().toPixelX(vec_->paneelX(c.waarde)));
     }
     // The smallest stride at which no two written labels meet.
     std::size_t stap = 1;
@@ -93,7 +83,7 @@ void Zwierlijn::tekenNummers() {
     }
     Surface& laag = knopen_.overlay();
     for (std::size_t i = 0; i < clusters.size(); i += stap) {
-        const double ux = knoopX(clusters[i].waarde);
+        const double ux = vec_->paneelX(clusters[i].waarde);
         laag.text(ux, hoogte * 1.3, onder[i], kBlack, kNummerPunten, TextAnchor::kCentre);
         if (clusters[i].inwendig) {
             laag.text(ux, hoogte * 0.55, continuiteit_tekst(clusters[i].continuiteit), kBlack,

@@ -119,10 +119,10 @@ TEST(HeadlessEditor, TheLinksNumbersAndStatusFollowThePointerAndTheCurve) {
 
     // Knot 5 onto knot 4: value 1 twice, the curve C1 there.
     Surface& knopen = w.Knopen();
-    w.Knopen_MouseDown(2, 0, static_cast<float>(w.knoopX(2)), w.hoogte);
-    w.Knopen_MouseUp(2, 0, static_cast<float>(w.knoopX(1)), w.hoogte);
+    w.Knopen_MouseDown(2, 0, static_cast<float>(w.vec().paneelX(2)), w.hoogte);
+    w.Knopen_MouseUp(2, 0, static_cast<float>(w.vec().paneelX(1)), w.hoogte);
     EXPECT_EQ(w.waarBenIk(), "orde 4 · 7 punten · 3 segmenten · vrij");  // one interval empty
-    rust(knopen, w.knoopX(1), w.hoogte);
+    rust(knopen, w.vec().paneelX(1), w.hoogte);
     EXPECT_NE(w.tip.find("multipliciteit 2"), std::string::npos) << w.tip;
     EXPECT_NE(w.tip.find("C1"), std::string::npos) << w.tip;
     w.klik("mntExtraNummers");
